@@ -1,0 +1,216 @@
+#include "analysis/time_derivative.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "analysis/interpolation.h"
+#include "plot/plot_request.h"
+#include "plot/show_plot.h"
+#include "store/analysis_store.h"
+#include "store/format.h"
+#include "store/menus.h"
+#include "store/numeric.h"
+#include "store/report.h"
+#include "store/single.h"
+#include "ui/desktop.h"
+
+namespace halvern {
+
+namespace {
+
+constexpr float kRadialStep = 0.001F;
+constexpr double kBaseRadius = 7.2;
+constexpr float kLastRadius = 7.2F;
+constexpr float kSpacingSteps[] = {1.0F, 1.5F, 2.0F, 3.0F, 4.0F, 5.0F};
+
+constexpr Pattern kDeltaSPattern{"#0.0###"};
+constexpr Pattern kMassPattern{"######"};
+
+void TakeInterferenceGrid() {
+    auto& S = Store();
+    S.GridPoints = S.ScanPoints(1);
+    for (std::int32_t I = 1; I <= S.GridPoints; ++I)
+        S.GridRadius(I) = S.ScanData(I, 1, 1);
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
+        for (std::int32_t I = 1; I <= S.GridPoints; ++I)
+            S.GridSignal(I, K) = Single(static_cast<double>(S.ScanData(I, 2, K)) - S.JitterOffset(K));
+}
+
+/// Grid and count stand as the last scan leaves them, for all scans.
+void InterpolateScans() {
+    auto& S = Store();
+    Curve work;
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K) {
+        for (std::int32_t I = 1; I <= S.ScanPoints(K); ++I) {
+            S.GridRadius(I) = Single(static_cast<double>(S.ScanData(I, 1, K)) - S.Meniscus);
+            work(I) = S.ScanData(I, 2, K);
+        }
+        InterpolateToRadialGrid(S.GridRadius, work, S.ScanPoints(K), S.GridPoints, kRadialStep);
+        for (std::int32_t I = 1; I <= S.GridPoints; ++I) {
+            S.GridSignal(I, K) = work(I);
+            S.GridRadius(I) = Single(static_cast<double>(S.Meniscus) + S.GridRadius(I));
+        }
+    }
+}
+
+void FindFirstGridPoint() {
+    auto& S = Store();
+    for (std::int16_t I = 1; I <= S.GridPoints; ++I)
+        if (S.GridRadius(I) >= S.Meniscus) {
+            S.FirstGridPoint = I;
+            return;
+        }
+}
+
+void ChooseDeltaS() {
+    auto& S = Store();
+    S.DeltaS = 500000.0F;
+    const double ratio = Quotient(kBaseRadius, static_cast<double>(S.GridRadius(S.FirstGridPoint)));
+    const double SMax = Quotient(Ln(ratio), static_cast<double>(S.ScanW2t(1)));
+    for (int E = -4; E <= 5; ++E) {
+        const double Base = Single(std::pow(10.0, E));
+        for (const float step : kSpacingSteps)
+            if (SMax <= (Base * step * 2000.0) * std::pow(10.0, -13)) {
+                S.DeltaS = Single(Base * step);
+                return;
+            }
+    }
+}
+
+void PassEventsAndScroll() {
+    DoEvents();
+    ScrollReport();
+    DoEvents();
+}
+
+void ReportDeltaS() {
+    AddLine(" ");
+    AddLine(" * Calculating dc/dt *");
+    AddLine(" ");
+    AddLine(Concat({" DeltaS has been set to ", Format(Store().DeltaS, kDeltaSPattern)}));
+    PassEventsAndScroll();
+}
+
+/// Ln(radius / meniscus) of the grid points, each taken once: it belongs to the radius and not to the pair of scans.
+class LogarithmsOfRadius {
+  public:
+    double operator()(std::int32_t I) {
+        const auto& S = Store();
+        for (; known_ < I; ++known_) {
+            const double radius = S.GridRadius(known_ + 1);
+            logarithms_(known_ + 1) = Ln(Quotient(radius, static_cast<double>(S.Meniscus)));
+        }
+        return logarithms_(I);
+    }
+
+  private:
+    std::int32_t known_ = 0;
+    BoundedArray<double, Points> logarithms_;
+};
+
+/// dc/dt of one pair over s*, in RateWork and SStar, up to and including the point that crosses 7.2 cm.
+///
+/// Result    points of the curve
+std::int16_t DifferencePair(std::int16_t P, std::int16_t K, float Omega2, LogarithmsOfRadius& LogarithmOf) {
+    auto& S = Store();
+    const double DT = Single(static_cast<double>(S.ScanTime(K)) - S.ScanTime(P));
+    for (std::int16_t I = 1; I <= S.GridPoints; ++I) {
+        const double D = Single(static_cast<double>(S.GridSignal(I, P)) - S.GridSignal(I, K));
+        S.RateWork(I) = Single(Quotient(D, DT));
+        const double perTime = Quotient(LogarithmOf(I), static_cast<double>(S.SedTime));
+        S.SStar(I) = Single(Quotient(perTime, static_cast<double>(Omega2)));
+        if (S.GridRadius(I) > kLastRadius)
+            return I;
+    }
+    return S.GridPoints;
+}
+
+void DifferencePairs() {
+    auto& S = Store();
+    S.ScanSkip = ToInteger16(S.NumFiles / 2);
+    // Kept: rpm to rad/s is 0.104719755 here and 0.1047196 in the scan times and in g(s*).
+    const double omega = static_cast<double>(S.ScanSpeed(1)) * 0.104719755;
+    const float Omega2 = Single(omega * omega);
+    LogarithmsOfRadius LogarithmOf;
+    for (std::int32_t K = S.ScanSkip + 1; K <= 2 * S.ScanSkip; ++K) {
+        const auto P = static_cast<std::int16_t>(K - S.ScanSkip);
+        const double later = S.ScanTime(K);
+        const double earlier = S.ScanTime(P);
+        static_cast<void>(Ln(Quotient(later, earlier)));  // times that are no times end it here
+        S.SedTime = Single(Quotient(2.0, Quotient(1.0, later) + Quotient(1.0, earlier)));
+        const std::int16_t Count = DifferencePair(P, static_cast<std::int16_t>(K), Omega2, LogarithmOf);
+        InterpolateToSGrid(S.SStar, S.RateWork, Count, S.SGridPoints, S.DeltaS);
+        S.SPoints = S.SGridPoints;
+        for (std::int32_t I = 1; I <= S.SGridPoints; ++I)
+            S.RatePairs(I, P) = S.RateWork(I);
+    }
+}
+
+void AveragePairs() {
+    auto& S = Store();
+    for (std::int32_t I = 1; I <= S.SPoints; ++I) {
+        float sum = 0.0F;
+        for (std::int32_t P = 1; P <= S.ScanSkip; ++P)
+            sum = Single(static_cast<double>(sum) + S.RatePairs(I, P));
+        S.AveRateRaw(I) = Single(Quotient(static_cast<double>(sum), static_cast<double>(S.ScanSkip)));
+        S.AveRate(I) = S.AveRateRaw(I);
+        S.RateWork(I) = S.AveRate(I);
+    }
+}
+
+/// The mass, kDa, whose diffusion would broaden a peak about as much as the time between first and last scan does.
+float LargestMass() {
+    const auto& S = Store();
+    const double T1 = S.ScanTime(1);
+    const double T2 = S.ScanTime(2 * S.ScanSkip);
+    const float root = Single(Quotient((T2 + T1) * 40000.0, (T2 - T1) * S.ScanSpeed(1)));
+    return Single(static_cast<double>(root) * root);
+}
+
+void ReportLargestMass(float MaxMass) {
+    AddLine(" ");
+    AddLine(" The approximate highest molecular mass present that will not");
+    AddLine(Concat({" show significant peak broadening is ", Format(MaxMass, kMassPattern), " kDa"}));
+    PassEventsAndScroll();
+}
+
+}  // namespace
+
+void KeldIt_Click() {
+    auto& S = Store();
+    MousePointer(kPointerHourglass);
+    if (S.IsInterference)
+        TakeInterferenceGrid();
+    else
+        InterpolateScans();
+    FindFirstGridPoint();
+    ChooseDeltaS();
+    ReportDeltaS();
+    DifferencePairs();
+    AveragePairs();
+    Menus().PlotAvekeld.Enable();
+    Menus().PlotRawkeld.Enable();
+    Menus().SetKeldZero.Enable();
+    MousePointer(kPointerNormal);
+    ReportLargestMass(LargestMass());
+    SetRequestTexts({" ", "Raw <dc/dt> vs S", "S (Svedbergs)", "<dc/dt>"});
+    PlotRawRate();
+}
+
+void PlotRawRate() {
+    auto& S = Store();
+    BeginPlainRequest();
+    S.PlotDialogOK = true;
+    RequestFiller request;
+    for (std::int32_t P = 1; P <= S.ScanSkip; ++P)
+        request.Symbols(1, S.SPoints, P, [&](std::int32_t I) {
+            return PlotPoint{Svedbergs(S.SStar(I)), S.RatePairs(I, P)};
+        });
+    for (std::int32_t P = 1; P <= S.ScanSkip; ++P)
+        request.Line(1, S.SPoints, P, [&](std::int32_t I) {
+            return PlotPoint{Svedbergs(S.SStar(I)), S.RatePairs(I, P)};
+        });
+    ShowRequest(request);
+}
+
+}  // namespace halvern

@@ -1,0 +1,164 @@
+#include "desktop/qt_desktop.h"
+
+#include <QApplication>
+#include <QEventLoop>
+#include <QPointer>
+#include <QScreen>
+#include <QTimer>
+
+#include <utility>
+
+#include "desktop/message_box.h"
+#include "desktop/pixels.h"
+
+namespace halvern {
+
+namespace {
+
+QSize ScreenSize() { return QGuiApplication::primaryScreen()->geometry().size(); }
+
+}  // namespace
+
+QtDesktop::QtDesktop(std::function<PrinterList()> askForPrinters) : printers_(std::move(askForPrinters)) {
+    gate_.TellFailure = [this](const std::string& text) {
+        SetMousePointer(kPointerNormal);
+        MessageBoxWindow(ParentOfBoxes(), text, kCritical, std::string(kProgramTitle)).Ask();
+    };
+    gate_.AfterEvent = [this] {
+        if (forms_.empty())
+            gate_.End(0);
+    };
+}
+
+QtDesktop::~QtDesktop() {
+    SetMousePointer(kPointerNormal);
+    forms_.clear();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+int QtDesktop::Run(const std::function<void()>& start) {
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [&] { gate_.Run(start); }, Qt::QueuedConnection);
+    const int status = QApplication::exec();
+    return gate_.HasEnded() ? gate_.Status() : status;
+}
+
+FormWindow* QtDesktop::WindowOf(Form& form) const {
+    const auto found = forms_.find(&form);
+    return found == forms_.end() ? nullptr : found->second->Window();
+}
+
+Answer QtDesktop::AskUser(const std::string& text, int style, const std::string& title) {
+    gate_.ThrowIfEnded();
+    const QPointer<QWidget> parent = OpenBox();
+    const Answer answer = MessageBoxWindow(parent, text, style, title).Ask();
+    CloseBox(parent);
+    gate_.ThrowIfEnded();
+    return answer;
+}
+
+std::optional<std::string> QtDesktop::AskForExistingFile(const FileDialog& dialog) {
+    return AskForFile(dialog, FileDialogKind::kExistingFile);
+}
+
+std::optional<std::string> QtDesktop::AskForNewFile(const FileDialog& dialog) {
+    return AskForFile(dialog, FileDialogKind::kNewFile);
+}
+
+std::optional<std::string> QtDesktop::AskForFile(const FileDialog& dialog, FileDialogKind kind) {
+    gate_.ThrowIfEnded();
+    const QPointer<QWidget> parent = OpenBox();
+    auto chosen = FileDialogWindow(parent, dialog, kind).Ask();
+    CloseBox(parent);
+    gate_.ThrowIfEnded();
+    return chosen;
+}
+
+QWidget* QtDesktop::OpenBox() {
+    ++openBoxes_;
+    ShowPointer();
+    return ParentOfBoxes();
+}
+
+/// Not every window manager gives the keyboard back to the window below.
+void QtDesktop::CloseBox(QWidget* parent) {
+    --openBoxes_;
+    ShowPointer();
+    if (parent != nullptr && parent->isVisible())
+        parent->activateWindow();
+}
+
+/// A box stands over the window that the user works with.
+QWidget* QtDesktop::ParentOfBoxes() const {
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    for (const auto& [form, view] : forms_)
+        if (view->Window() != nullptr && view->Window()->isVisible())
+            return view->Window();
+    return nullptr;
+}
+
+void QtDesktop::FormLoaded(Form& form) { forms_[&form] = std::make_unique<FormView>(form, gate_); }
+
+void QtDesktop::FormUnloaded(Form& form) { forms_.erase(&form); }
+
+void QtDesktop::RunModal(Form& form) {
+    gate_.ThrowIfEnded();
+    const auto view = forms_.find(&form);
+    if (view == forms_.end())
+        return;
+    ++openBoxes_;
+    ShowPointer();
+    view->second->AwaitHiding();
+    --openBoxes_;
+    ShowPointer();
+    gate_.ThrowIfEnded();
+}
+
+Canvas& QtDesktop::SurfaceOf(Form& form) { return forms_.at(&form)->Surface(); }
+
+std::int32_t QtDesktop::ScreenWidthTwips() const { return Twips(ScreenSize().width()); }
+
+std::int32_t QtDesktop::ScreenHeightTwips() const { return Twips(ScreenSize().height()); }
+
+void QtDesktop::SetMousePointer(int shape) {
+    pointer_ = shape;
+    ShowPointer();
+}
+
+/// The hourglass stands for work: while a box waits for the user, the pointer is the usual one.
+void QtDesktop::ShowPointer() {
+    const bool hourglass = pointer_ == kPointerHourglass && openBoxes_ == 0;
+    const bool shown = QGuiApplication::overrideCursor() != nullptr;
+    if (hourglass && !shown)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else if (!hourglass && shown)
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void QtDesktop::DoEvents() {
+    gate_.ThrowIfEnded();
+    QCoreApplication::processEvents();
+    gate_.ThrowIfEnded();
+}
+
+/// The windows go on painting meanwhile; what the user does waits until afterwards.
+void QtDesktop::Sleep(int milliseconds) {
+    gate_.ThrowIfEnded();
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    gate_.ThrowIfEnded();
+}
+
+std::vector<std::string> QtDesktop::PrinterNames() { return printers_.List().names; }
+
+std::string QtDesktop::SystemDefaultPrinter() { return printers_.List().defaultName; }
+
+void QtDesktop::SelectPrinter(std::size_t number) { currentPrinter_ = printers_.List().names.at(number); }
+
+bool QtDesktop::AnotherInstanceRuns() { return instance_.AnotherRuns(); }
+
+}  // namespace halvern

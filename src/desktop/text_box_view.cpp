@@ -1,0 +1,89 @@
+#include "desktop/text_box_view.h"
+
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include "desktop/shown_text.h"
+
+namespace halvern {
+
+TextBoxView::TextBoxView(TextBox& box, EventGate& gate, QWidget* parent) : QLineEdit(parent), box_(&box), gate_(gate) {
+    // A text dropped from elsewhere would bring the focus with it, past the box that has it.
+    setAcceptDrops(false);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
+        if (box_ != nullptr)
+            gate_.Run([&] { box_->Type(text.toStdString()); });
+    });
+}
+
+void TextBoxView::BoxChanged() {
+    if (const QString shown = ShownLine(box_->Text()); shown != text())
+        setText(shown);
+    if (box_->IsAllSelected())
+        selectAll();
+    if (box_->WantsFocus() && !leaving_)
+        GiveFocus();
+}
+
+bool TextBoxView::Leave() {
+    if (box_ == nullptr || gate_.HasEnded() || leaving_)
+        return false;
+    bool left = false;
+    {
+        const QScopedValueRollback leaving(leaving_, true);
+        gate_.Run([&] { left = box_->Leave(); });
+    }
+    if (box_ == nullptr || gate_.HasEnded())
+        return false;
+    knowsOfFocus_ = !left;
+    if (!box_->WantsFocus())
+        return left;
+    GiveFocus();
+    return false;
+}
+
+void TextBoxView::GiveFocus() {
+    box_->FocusGiven();
+    if (!hasFocus())
+        setFocus();
+    else
+        TellOfFocus();
+}
+
+void TextBoxView::TellOfFocus() {
+    if (box_ == nullptr || knowsOfFocus_)
+        return;
+    knowsOfFocus_ = true;
+    gate_.Run([this] {
+        if (box_->GotFocus)
+            box_->GotFocus();
+    });
+}
+
+void TextBoxView::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    pressBringsFocus_ = event->reason() == Qt::MouseFocusReason;
+    TellOfFocus();
+}
+
+// A box may want its text selected when it gets the focus: the click that brings the focus does not undo that.
+void TextBoxView::mousePressEvent(QMouseEvent* event) {
+    keepsSelection_ = pressBringsFocus_ && box_ != nullptr && box_->IsAllSelected();
+    pressBringsFocus_ = false;
+    if (!keepsSelection_)
+        QLineEdit::mousePressEvent(event);
+}
+
+void TextBoxView::mouseMoveEvent(QMouseEvent* event) {
+    if (!keepsSelection_)
+        QLineEdit::mouseMoveEvent(event);
+}
+
+void TextBoxView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!keepsSelection_)
+        QLineEdit::mouseReleaseEvent(event);
+    keepsSelection_ = false;
+}
+
+}  // namespace halvern

@@ -1,0 +1,122 @@
+#include "replay/replay_desktop.h"
+
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+#include "replay/print.h"
+#include "replay/script.h"
+
+namespace halvern::replay {
+
+namespace {
+
+constexpr const char* kPrinter = "Replay";
+
+/// The name that a dialog hands over for what was typed into it.
+std::filesystem::path Accepted(const FileDialog& dialog, const std::filesystem::path& typed) {
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::current_path(error);
+    if (error && !typed.is_absolute())
+        throw ScriptError("the current directory is gone");
+    std::filesystem::path path = (folder / typed).lexically_normal();
+    if (!dialog.defaultExtension.empty() && path.has_filename() && !path.has_extension())
+        path += "." + dialog.defaultExtension;
+    return path;
+}
+
+bool IsFileThatExists(const std::filesystem::path& path) {
+    std::error_code error;
+    const auto status = std::filesystem::status(path, error);
+    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+}  // namespace
+
+ReplayDesktop::ReplayDesktop(AnswerSource& answers, std::ostream& out) : answers_(answers), out_(out) {
+    UseDesktop(this);
+}
+
+ReplayDesktop::~ReplayDesktop() { UseDesktop(nullptr); }
+
+void ReplayDesktop::SetScreen(std::int32_t widthPixels, std::int32_t heightPixels, bool printer) {
+    widthPixels_ = widthPixels;
+    heightPixels_ = heightPixels;
+    hasPrinter_ = printer;
+}
+
+Question ReplayDesktop::OpenQuestion() const {
+    if (box_.has_value())
+        return Question::kMessageBox;
+    return dialog_.has_value() ? Question::kFileDialog : Question::kNone;
+}
+
+void ReplayDesktop::AnswerBox(Answer answer) {
+    if (box_->yesNo && answer == Answer::kOk)
+        throw ScriptError("the message box asks for yes or no");
+    if (!box_->yesNo && answer != Answer::kOk)
+        throw ScriptError("the message box has OK alone");
+    box_->answer = answer;
+}
+
+Answer ReplayDesktop::AskUser(const std::string& text, int style, const std::string& title) {
+    box_ = OpenBox{.yesNo = (style & kYesNo) != 0, .answer = {}};
+    // Nobody has to take notice of a box that leaves no choice: it goes away when the script goes on without it.
+    if (!box_->yesNo && !answers_.AnswerComesNext())
+        box_->answer = Answer::kOk;
+    while (!box_->answer.has_value())
+        answers_.CarryOutNextLine();
+    const Answer answer = *box_->answer;
+    box_.reset();
+    PrintMessage(out_, {.style = style, .title = title, .text = text, .answer = answer});
+    return answer;
+}
+
+void ReplayDesktop::Choose(const std::string& path) {
+    const std::filesystem::path accepted = Accepted(*dialog_->settings, path);
+    if (dialog_->forExistingFile && !IsFileThatExists(accepted))
+        throw ScriptError("no such file: " + path);
+    if (!accepted.has_filename())
+        throw ScriptError("no name of a file: " + path);
+    dialog_->path = accepted.string();
+    dialog_->answered = true;
+}
+
+void ReplayDesktop::Cancel() { dialog_->answered = true; }
+
+std::optional<std::string> ReplayDesktop::AskForExistingFile(const FileDialog& dialog) {
+    return AskForFile(dialog, true);
+}
+
+std::optional<std::string> ReplayDesktop::AskForNewFile(const FileDialog& dialog) { return AskForFile(dialog, false); }
+
+std::optional<std::string> ReplayDesktop::AskForFile(const FileDialog& dialog, bool forExistingFile) {
+    dialog_ = OpenDialog{.settings = &dialog, .forExistingFile = forExistingFile, .answered = false, .path = {}};
+    while (!dialog_->answered)
+        answers_.CarryOutNextLine();
+    const auto path = std::move(dialog_->path);
+    dialog_.reset();
+    return path;
+}
+
+void ReplayDesktop::FormLoaded(Form& form) { loadedForms_.push_back(&form); }
+
+void ReplayDesktop::FormUnloaded(Form& form) { std::erase(loadedForms_, &form); }
+
+void ReplayDesktop::RunModal(Form& form) {
+    dialogs_.push_back(&form);
+    while (form.IsShown())
+        answers_.CarryOutNextLine();
+    dialogs_.pop_back();
+    focusedBox_ = nullptr;
+}
+
+std::vector<std::string> ReplayDesktop::PrinterNames() {
+    if (!hasPrinter_)
+        return {};
+    return {kPrinter};
+}
+
+std::string ReplayDesktop::SystemDefaultPrinter() { return hasPrinter_ ? kPrinter : ""; }
+
+}  // namespace halvern::replay

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string_view>
+
+#include "ui/menu.h"
+
+namespace halvern {
+
+/// Puts an item for each installed printer into a menu and ticks the one that `DefaultPrinterName` names, or the first
+/// if none has that name. The ticked printer becomes the current one.
+///
+/// Given     items     the control array; its elements are loaded here, so that it has to be empty
+///           name      the array's design name; element I is called "name(I)"
+///           before    the item that they come behind
+///           level     their level in the tree
+/// Note      with no printer installed nothing happens
+void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, const MenuItem& before, int level);
+
+}  // namespace halvern

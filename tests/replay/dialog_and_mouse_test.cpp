@@ -1,0 +1,176 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "plot/plot_window.h"
+#include "replay/player.h"
+#include "shell/main_window.h"
+#include "store/analysis_store.h"
+#include "store/menus.h"
+#include "support/data_files.h"
+
+namespace halvern::replay {
+namespace {
+
+/// A replay on six absorbance scans, or of several speeds.
+struct Analysis : ::testing::Test {
+    const test::DataFolder folder;
+    std::ostringstream out, err;
+
+    Analysis() { test::WriteDataSet(folder, 6); }
+
+    int Play(const std::string& script) {
+        return Player(Script("click GetListNow\nchoose all.LST\n" + script), "s", out, err).Play();
+    }
+};
+
+TEST_F(Analysis, TypesIntoADialog) {
+    EXPECT_EQ(Play("click Set_MenManually\ntype Text1 5.904\nclick IsOK\n"), kRanToItsEnd);
+    EXPECT_EQ(Store().Meniscus, 5.904F);
+    EXPECT_TRUE(Menus().KeldIt.IsEnabled());
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(Analysis, PrintsADialog) {
+    EXPECT_EQ(Play("click Set_MenManually\nprint dialog\nclick SetMeniscus.NotThisTime\nprint dialog\n"), kLineFailed);
+    EXPECT_EQ(out.str(),
+              "dialog: SetMeniscus \"Set Meniscus Position\"\n"
+              "control: Label1 enabled shown \"Meniscus Position (cm)\"\n"
+              "control: Text1 enabled shown \"6.00000\"\n"
+              "control: IsOK enabled shown \"&OK\"\n"
+              "control: NotThisTime enabled shown \"Cancel\"\n");
+    EXPECT_EQ(err.str(), "s:6: no dialog is open\n");
+}
+
+TEST_F(Analysis, SwallowsAClickThatLeavesARefusedText) {
+    EXPECT_EQ(Play("click Set_MenManually\n"
+                   "type Text1 5.5\n"
+                   "click IsOK\n"         // refused again, and swallowed
+                   "click NotThisTime\n"  // so is this one
+                   "type Text1 5.9\n"
+                   "click IsOK\n"
+                   "print report\n"),
+              kRanToItsEnd);
+    const std::string message =
+        "message style=0 title=\"Value for Radius\" text=\"Please insert a number between 5.8 and 7.1\" answer=ok\n";
+    EXPECT_TRUE(out.str().starts_with(message + message + message + "report: ")) << out.str();
+    EXPECT_EQ(Store().Meniscus, 5.9F);
+}
+
+TEST_F(Analysis, RefusesAClickThatCantBeMadeBeforeItAsksAboutTheText) {
+    EXPECT_EQ(Play("click Set_MenManually\ntype Text1 5.5\nclick Label1\n"), kLineFailed);
+    EXPECT_EQ(err.str(), "s:5: Label1 can't be clicked\n");
+}
+
+TEST_F(Analysis, LeavesABoxAgainThatHasTakenTheFocusBack) {
+    test::ScanFile scan;
+    for (int I = 1; I <= 4; ++I) {
+        scan.speed = I < 3 ? 30000 : 42000;
+        scan.omega2t = std::to_string(I) + "E9";
+        folder.Write("speed" + std::to_string(I), scan.Text());
+    }
+    folder.Write("all.LST", test::ListText({"speed1", "speed2", "speed3", "speed4"}));
+    // A meniscus picked at 5.5 cm lies outside what the dialog takes: the box tells of it whenever it is left.
+    EXPECT_EQ(Play("click Get_MenFromScan\nmouse left+ctrl 5.5 0\nclick Command1\nclick Command1\n"
+                   "click Set_MultiMenManually\ntype Radii(0) 9\nclick JustDoIt\n"),
+              kRanToItsEnd);
+    std::size_t told = 0;
+    for (std::size_t at = 0; (at = out.str().find("Please insert a number between 5.7", at)) != std::string::npos; ++at)
+        ++told;
+    EXPECT_EQ(told, 2U);
+    EXPECT_NEAR(Store().ScanMeniscus(1), 5.5F, 1E-6F);
+}
+
+TEST_F(Analysis, ClosesADialogByItsFrameWithARefusedText) {
+    EXPECT_EQ(Play("click Set_MenManually\ntype Text1 5.5\nclose SetMeniscus\nclick Set_MenManually\nclick IsOK\n"),
+              kRanToItsEnd);
+    EXPECT_EQ(Store().Meniscus, 6.0F);
+}
+
+TEST_F(Analysis, KeepsEventsFromOtherWindowsWhileADialogIsOpen) {
+    EXPECT_EQ(Play("click Set_MenManually\nclick KeldIt\n"), kLineFailed);
+    EXPECT_EQ(err.str(), "s:4: no such control: KeldIt\n");
+}
+
+TEST_F(Analysis, KeepsNamedEventsFromOtherWindowsToo) {
+    EXPECT_EQ(Play("click Set_MenManually\nclick Keld.GetListNow\n"), kLineFailed);
+    EXPECT_EQ(err.str(), "s:4: the dialog SetMeniscus is open\n");
+}
+
+TEST_F(Analysis, EndsWithoutAWordWhileADialogIsOpen) {
+    EXPECT_EQ(Play("click Set_MenManually\n"), kRanToItsEnd);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(Analysis, PicksInDataUnitsAndInPageUnits) {
+    EXPECT_EQ(Play("click Get_MenFromScan\nmouse left+ctrl 5.905 0\n"), kRanToItsEnd);
+    const auto& plot = PlotitForm();
+    // To the page and back, each step a single.
+    const auto onPage = static_cast<float>((5.905 - plot.XAxisMin) * plot.XScale);
+    const float quotient = static_cast<float>(static_cast<double>(onPage) / plot.XScale);
+    EXPECT_EQ(Store().Meniscus, static_cast<float>(static_cast<double>(quotient) + plot.XAxisMin));
+    EXPECT_NEAR(Store().Meniscus, 5.905F, 1E-6F);
+}
+
+TEST_F(Analysis, PicksInPageUnits) {
+    EXPECT_EQ(Play("click Get_MenFromScan\nmouse left+ctrl @0 @50\n"), kRanToItsEnd);
+    EXPECT_EQ(Store().Meniscus, PlotitForm().XAxisMin);
+}
+
+TEST_F(Analysis, DragsAZoomBoxAndHovers) {
+    EXPECT_EQ(Play("click Get_MenFromScan\nhover @0 @0\ndrag @10 @10 @60 @70\nclick Zoomout\n"), kRanToItsEnd);
+    EXPECT_TRUE(PlotitForm().XYLabel.Caption().starts_with(" X= "));
+    EXPECT_EQ(err.str(), "");
+}
+
+TEST_F(Analysis, PressesDoneOnlyWhileItIsShown) {
+    EXPECT_EQ(Play("click Get_MenFromScan\nclick Command1\nclick Command1\n"), kLineFailed);
+    EXPECT_EQ(err.str(), "s:5: Plotit is not shown\n");
+}
+
+struct Refused {
+    const char* line;
+    const char* reason;
+};
+
+TEST_F(Analysis, RefusesAMouseWithoutAPlot) {
+    EXPECT_EQ(Play("mouse left 1 1\n"), kLineFailed);
+    EXPECT_EQ(err.str(), "s:3: Plotit is not shown\n");
+}
+
+class BadMouse : public Analysis, public ::testing::WithParamInterface<Refused> {};
+
+TEST_P(BadMouse, IsRefusedWithItsReason) {
+    EXPECT_EQ(Play(std::string("click Get_MenFromScan\n") + GetParam().line), kLineFailed);
+    EXPECT_EQ(err.str(), std::string("s:4: ") + GetParam().reason + "\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(Replay, BadMouse,
+                         ::testing::Values(Refused{"mouse middle 1 1", "no such mouse button: middle"},
+                                           Refused{"mouse left+meta 1 1", "no such mouse button: left+meta"},
+                                           Refused{"mouse left+ 1 1", "no such mouse button: left+"},
+                                           Refused{"mouse left one 1", "not a position: one"},
+                                           Refused{"mouse left 1 @", "not a position: "},
+                                           Refused{"mouse left 1 nan", "not a position: nan"},
+                                           Refused{"mouse left @1e300 5", "not a position: @1e300"},
+                                           Refused{"mouse left 1e300 5", "not a position: 1e300"},
+                                           Refused{"mouse left 1", "expected: mouse BUTTON[+ctrl][+alt][+shift] X Y"},
+                                           Refused{"type OutFileBox x", "OutFileBox is no text box"},
+                                           Refused{"type Text1 x", "no such control: Text1"},
+                                           Refused{"hover 1", "expected: hover X Y"},
+                                           Refused{"drag 1 2 3", "expected: drag X0 Y0 X1 Y1"}));
+
+TEST_F(Analysis, EndsWithStatus70AfterADivisionByZero) {
+    // All scans of one time: the pairs have no time between them.
+    test::ScanFile scan;
+    for (int I = 1; I <= 4; ++I)
+        folder.Write("same" + std::to_string(I), scan.Text());
+    folder.Write("all.LST", test::ListText({"same1", "same2", "same3", "same4"}));
+    EXPECT_EQ(
+        Play("answer yes\nanswer yes\nanswer yes\nclick Set_MenManually\ntype Text1 5.9\nclick IsOK\nclick KeldIt\n"),
+        kProgramFailed);
+    EXPECT_EQ(err.str(), "s:9: Run-time error '11': Division by zero\n");
+}
+
+}  // namespace
+}  // namespace halvern::replay

@@ -1,0 +1,94 @@
+#include "support/test_desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "store/report.h"
+
+namespace halvern::test {
+
+Answer TestDesktop::AskUser(const std::string& text, int style, const std::string& title) {
+    Answer answer = Answer::kOk;
+    if ((style & kYesNo) != 0) {
+        if (answers.empty())
+            throw std::logic_error("the test has no answer for: " + text);
+        answer = answers.front();
+        answers.pop_front();
+    }
+    messages.push_back({text, style, title, answer});
+    return answer;
+}
+
+std::optional<std::string> TestDesktop::Choice(const FileDialog& dialog) {
+    fileDialogs.push_back(dialog);
+    if (choices.empty())
+        throw std::logic_error("the test has no file for: " + dialog.title);
+    auto choice = choices.front();
+    choices.pop_front();
+    return choice;
+}
+
+std::optional<std::string> TestDesktop::AskForExistingFile(const FileDialog& dialog) { return Choice(dialog); }
+
+std::optional<std::string> TestDesktop::AskForNewFile(const FileDialog& dialog) { return Choice(dialog); }
+
+void TestDesktop::FormLoaded(Form& form) {
+    loaded.push_back(&form);
+    story.push_back("load " + form.Name());
+    form.Observe(this);
+    if (atLoad)
+        atLoad(form);
+}
+
+void TestDesktop::FormUnloaded(Form& form) {
+    std::erase(loaded, &form);
+    form.Observe(nullptr);
+    story.push_back("unload " + form.Name());
+}
+
+void TestDesktop::ControlChanged(Control& control) {
+    if (control.IsShown() && shown_.insert(&control).second)
+        story.push_back("show " + control.Name());
+    else if (!control.IsShown() && shown_.erase(&control) != 0)
+        story.push_back("hide " + control.Name());
+}
+
+void TestDesktop::RunModal(Form& form) {
+    if (dialogs.empty())
+        throw std::logic_error("the test does nothing with the dialog " + form.Name());
+    const auto act = dialogs.front();
+    dialogs.pop_front();
+    act(form);
+    if (form.IsShown())
+        throw std::logic_error("the test leaves the dialog open: " + form.Name());
+}
+
+void TestDesktop::SetMousePointer(int shape) {
+    pointer = shape;
+    pointers.push_back(shape);
+}
+
+void TestDesktop::DoEvents() {
+    ++passes_;
+    const std::string told = std::to_string(passes_) + (passes_ == 1 ? " pass" : " passes");
+    if (passes_ > 1 && !story.empty() && story.back().find(" pass") != std::string::npos)
+        story.back() = told;
+    else {
+        passes_ = 1;
+        story.push_back("1 pass");
+    }
+    if (atPass)
+        atPass();
+}
+
+void TestDesktop::Sleep(int milliseconds) { story.push_back("sleep " + std::to_string(milliseconds)); }
+
+std::vector<std::string> ReportLines() {
+    std::vector<std::string> lines;
+    for (std::size_t i = 0; i < OutFileBox().ListCount(); ++i)
+        lines.push_back(OutFileBox().Line(i));
+    return lines;
+}
+
+}  // namespace halvern::test

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ui/canvas.h"
+#include "ui/desktop.h"
+#include "ui/form.h"
+
+namespace halvern::test {
+
+/// What a message box asked, and what it was answered.
+struct Message {
+    std::string text;
+    int style;
+    std::string title;
+    Answer answer;
+};
+
+/// A desktop without a screen: it answers from the queues that the test has filled, and keeps what it was told.
+///
+/// It is the desktop in use while it lives.
+class TestDesktop : public Desktop, private ControlObserver {
+  public:
+    TestDesktop() { UseDesktop(this); }
+    ~TestDesktop() override { UseDesktop(nullptr); }
+    TestDesktop(const TestDesktop&) = delete;
+    TestDesktop& operator=(const TestDesktop&) = delete;
+
+    /// Answers to come, for boxes of Yes and No; the test fails when there is none.
+    std::deque<Answer> answers;
+    /// Files to choose; nothing stands for a cancel. The test fails when there is none.
+    std::deque<std::optional<std::string>> choices;
+    std::vector<std::string> printers;
+    std::string defaultPrinter;
+    bool anotherInstance = false;
+    std::int32_t screenWidthPixels = 1024, screenHeightPixels = 768;
+    /// Called when a window is loaded, before its Form_Load.
+    std::function<void(Form&)> atLoad;
+    /// What the user does with each dialog to come; the test fails when there is nothing, or the dialog stays.
+    std::deque<std::function<void(Form&)>> dialogs;
+    NullCanvas surface;
+    /// Called at each pass through the event queue.
+    std::function<void()> atPass;
+
+    std::vector<Message> messages;
+    std::vector<FileDialog> fileDialogs;
+    std::vector<Form*> loaded;
+    int pointer = kPointerNormal;
+    std::vector<int> pointers;
+    std::vector<std::size_t> printersSelected;
+    /// What happened to windows and time, in its order: "load Keld", "show Keld", "100 passes", "sleep 1750", ...
+    std::vector<std::string> story;
+
+    Answer AskUser(const std::string& text, int style, const std::string& title) override;
+    std::optional<std::string> AskForExistingFile(const FileDialog& dialog) override;
+    std::optional<std::string> AskForNewFile(const FileDialog& dialog) override;
+    void FormLoaded(Form& form) override;
+    void FormUnloaded(Form& form) override;
+    void RunModal(Form& form) override;
+    Canvas& SurfaceOf(Form&) override { return surface; }
+    std::int32_t ScreenWidthTwips() const override { return screenWidthPixels * kTwipsPerPixel; }
+    std::int32_t ScreenHeightTwips() const override { return screenHeightPixels * kTwipsPerPixel; }
+    void SetMousePointer(int shape) override;
+    void DoEvents() override;
+    void Sleep(int milliseconds) override;
+    std::vector<std::string> PrinterNames() override { return printers; }
+    std::string SystemDefaultPrinter() override { return defaultPrinter; }
+    void SelectPrinter(std::size_t number) override { printersSelected.push_back(number); }
+    bool AnotherInstanceRuns() override { return anotherInstance; }
+
+  private:
+    void ControlChanged(Control& control) override;
+    std::optional<std::string> Choice(const FileDialog& dialog);
+
+    int passes_ = 0;
+    std::set<Control*> shown_;
+};
+
+/// The report as it stands.
+std::vector<std::string> ReportLines();
+
+}  // namespace halvern::test
