@@ -5,7 +5,7 @@
 #include <QFileInfo>
 
 #include "desktop/message_box.h"
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 

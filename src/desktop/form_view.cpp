@@ -2,7 +2,11 @@
 
 namespace halvern {
 
-FormView::FormView(Form& form, EventGate& gate) : form_(form), gate_(gate) { form.Observe(this); }
+using std::chrono::steady_clock;
+
+FormView::FormView(Form& form, EventGate& gate) : form_(form), gate_(gate), tellsProgress_(form.TellsProgress()) {
+    form.Observe(this);
+}
 
 // After the end of the program the form may be gone already: a failure has left the handler that it lived in.
 FormView::~FormView() {
@@ -21,6 +25,8 @@ FormView::~FormView() {
 void FormView::ControlChanged(Control& /*control*/) {
     if (gate_.HasEnded())
         return;
+    if (tellsProgress_)
+        return ProgressChanged();
     if (window_ == nullptr && !form_.IsShown())
         return;
     MakeWindow().FormChanged();
@@ -31,6 +37,35 @@ void FormView::ControlChanged(Control& /*control*/) {
         EndWaiting();
     }
     gate_.ThrowIfEnded();
+}
+
+void FormView::ProgressChanged() {
+    form_.FrontGiven();
+    if (window_ != nullptr)
+        window_->FormChanged();
+    if (!form_.IsShown())
+        shownSince_.reset();
+    else if (!shownSince_.has_value())
+        shownSince_ = steady_clock::now();
+    if (!form_.IsShown() && window_ != nullptr)
+        window_->hide();
+}
+
+void FormView::Repaint(std::chrono::milliseconds patience) {
+    if (tellsProgress_ && shownSince_.has_value() && steady_clock::now() - *shownSince_ >= patience)
+        MakeWindow().BringUp();
+    if (window_ != nullptr && window_->isVisible())
+        window_->repaint();
+}
+
+// A failure asks too, and the form may be gone by then: only the window is looked at.
+void FormView::StandBack() {
+    if (!tellsProgress_)
+        return;
+    if (window_ != nullptr)
+        window_->hide();
+    if (shownSince_.has_value())
+        shownSince_ = steady_clock::now();
 }
 
 FormWindow& FormView::MakeWindow() {

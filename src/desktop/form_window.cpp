@@ -1,22 +1,19 @@
 #include "desktop/form_window.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
-#include <QGroupBox>
-#include <QLabel>
-#include <QProgressBar>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
-#include <stdexcept>
-
 #include "desktop/list_view.h"
-#include "desktop/picture_view.h"
+#include "desktop/new_widget.h"
 #include "desktop/pixels.h"
-#include "desktop/shown_text.h"
 #include "desktop/text_box_view.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 
@@ -25,64 +22,24 @@ namespace {
 // A window manager may insist on a size that the form refuses. After so many times the window stays as it is.
 constexpr int kMostRefusals = 8;
 
-QWidget* NewLabel(Label& /*label*/, QWidget* parent) {
-    auto* widget = new QLabel(parent);
-    widget->setTextFormat(Qt::PlainText);
-    return widget;
-}
-
-QWidget* NewButton(Button& button, EventGate& gate, QWidget* parent) {
-    auto* widget = new QPushButton(parent);
-    QObject::connect(widget, &QPushButton::clicked, widget, [&button, &gate] {
-        gate.Run([&] {
-            if (button.Click)
-                button.Click();
-        });
-    });
-    return widget;
-}
-
-QWidget* NewLine(QWidget* parent) {
-    auto* widget = new QFrame(parent);
-    widget->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Plain));
-    widget->setForegroundRole(QPalette::Mid);
-    return widget;
-}
-
-/// What stands on a panel is bold, and larger where the screen has room for it.
-QFont FontOfPanels() {
-    constexpr int kSmallScreen = 640, kSmallText = 13, kText = 16;
-    QFont font({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
-    font.setStyleHint(QFont::Serif);
-    font.setBold(true);
-    font.setPixelSize(QGuiApplication::primaryScreen()->geometry().width() > kSmallScreen ? kText : kSmallText);
-    return font;
-}
-
-QWidget* NewPanel(QWidget* parent) {
-    auto* widget = new QFrame(parent);
-    widget->setFont(FontOfPanels());
-    widget->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
-    widget->setAutoFillBackground(true);
-    return widget;
-}
-
-QWidget* NewProgressBar(QWidget* parent) {
-    auto* widget = new QProgressBar(parent);
-    widget->setTextVisible(false);
-    return widget;
-}
-
-/// The caption of a frame is no access key.
-QString WithoutAccessKey(QString caption) { return caption.replace(QLatin1Char('&'), QLatin1String("&&")); }
-
 Qt::WindowFlags FrameOf(const Form& form) {
+    // It comes up and paints itself within a handler, when no event passes: the window manager is not asked.
+    if (form.TellsProgress())
+        return Qt::ToolTip;
     const Qt::WindowFlags titled = Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint;
     if (form.IsModal())
         return Qt::Dialog | titled | Qt::WindowCloseButtonHint;
     if (!form.ClosesByFrame())
         return Qt::Window | titled | Qt::WindowMinMaxButtonsHint;
     return Qt::Window;
+}
+
+/// What lies below the menu; a window without a frame has a raised edge there.
+QWidget* NewContent(const Form& form, QWidget* parent) {
+    auto* content = new QFrame(parent);
+    if (form.TellsProgress())
+        content->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Raised));
+    return content;
 }
 
 void FocusFirst(const std::vector<Control*>& controls, const FormWindow& window) {
@@ -96,10 +53,22 @@ void FocusFirst(const std::vector<Control*>& controls, const FormWindow& window)
     }
 }
 
+/// The buttons that a widget is or consists of.
+QList<QAbstractButton*> ButtonsOf(QWidget& widget) {
+    if (auto* button = qobject_cast<QAbstractButton*>(&widget))
+        return {button};
+    return widget.findChildren<QAbstractButton*>();
+}
+
 }  // namespace
 
 FormWindow::FormWindow(Form& form, EventGate& gate)
-    : QWidget(nullptr, FrameOf(form)), form_(&form), gate_(gate), content_(new QWidget(this)), dialog_(form.IsModal()) {
+    : QWidget(nullptr, FrameOf(form)),
+      form_(&form),
+      gate_(gate),
+      content_(NewContent(form, this)),
+      dialog_(form.IsModal()) {
+    setAttribute(Qt::WA_ShowWithoutActivating, form.TellsProgress());
     if (form.MenuOf() != nullptr) {
         menuBar_ = new QMenuBar(this);
         menu_ = std::make_unique<MenuView>(*menuBar_, *form.MenuOf(), gate);
@@ -121,7 +90,7 @@ void FormWindow::LetGo() {
             list->LetGo();
         else if (auto* box = dynamic_cast<TextBoxView*>(widget))
             box->LetGo();
-        else if (auto* button = dynamic_cast<QPushButton*>(widget))
+        for (QAbstractButton* button : ButtonsOf(*widget))
             button->disconnect();
     }
     if (surface_ != nullptr)
@@ -135,12 +104,16 @@ QWidget* FormWindow::WidgetOf(const Control& control) const {
 }
 
 void FormWindow::AddWidget(Control& control) {
-    QWidget* widget = NewWidget(control);
+    QWidget* widget = NewWidget(control, gate_, ParentOf(control));
     widgets_[&control] = widget;
     // By itself the toolkit would give the focus at a click before anybody could ask, see eventFilter.
-    if (control.Kind() == ControlKind::kButton || control.Kind() == ControlKind::kTextBox) {
+    const ControlKind kind = control.Kind();
+    if (kind == ControlKind::kButton || kind == ControlKind::kTextBox || kind == ControlKind::kCheckBox) {
         widget->setFocusPolicy(Qt::TabFocus);
         widget->installEventFilter(this);
+    } else if (kind == ControlKind::kUpDown) {
+        for (QAbstractButton* arrow : ButtonsOf(*widget))
+            arrow->installEventFilter(this);
     }
     control.Observe(this);
     ControlChanged(control);
@@ -154,32 +127,6 @@ QWidget* FormWindow::ParentOf(const Control& control) const {
     return content_;
 }
 
-QWidget* FormWindow::NewWidget(Control& control) {
-    QWidget* parent = ParentOf(control);
-    switch (control.Kind()) {
-        case ControlKind::kLabel:
-            return NewLabel(static_cast<Label&>(control), parent);
-        case ControlKind::kButton:
-            return NewButton(static_cast<Button&>(control), gate_, parent);
-        case ControlKind::kTextBox:
-            return new TextBoxView(static_cast<TextBox&>(control), gate_, parent);
-        case ControlKind::kFrame:
-            return new QGroupBox(parent);
-        case ControlKind::kLine:
-            return NewLine(parent);
-        case ControlKind::kPanel:
-            return NewPanel(parent);
-        case ControlKind::kListBox:
-            return new ListView(static_cast<ListBox&>(control), parent);
-        case ControlKind::kPicture:
-            return new PictureView(static_cast<Picture&>(control).Resource(), parent);
-        case ControlKind::kProgressBar:
-            return NewProgressBar(parent);
-        default:
-            throw std::logic_error("no widget for a control of this kind: " + control.Name());
-    }
-}
-
 void FormWindow::ControlChanged(Control& control) {
     if (gate_.HasEnded())
         return;
@@ -187,20 +134,10 @@ void FormWindow::ControlChanged(Control& control) {
     widget.setEnabled(control.IsEnabled());
     widget.setVisible(control.IsShown());
     widget.setGeometry(Pixels(control.Where()));
+    Mirror(control, widget);
+    TellName(control, widget);
     if (control.Kind() == ControlKind::kPanel)
         LayOut();
-    else if (auto* label = dynamic_cast<QLabel*>(&widget))
-        label->setText(ShownLine(control.Caption()));
-    else if (auto* button = dynamic_cast<QPushButton*>(&widget))
-        button->setText(ShownLine(control.Caption()));
-    else if (auto* list = dynamic_cast<ListView*>(&widget))
-        list->ExtentChanged();
-    else if (auto* box = dynamic_cast<TextBoxView*>(&widget))
-        box->BoxChanged();
-    else if (auto* frame = dynamic_cast<QGroupBox*>(&widget))
-        frame->setTitle(WithoutAccessKey(ShownLine(control.Caption())));
-    else if (auto* bar = dynamic_cast<QProgressBar*>(&widget))
-        bar->setValue(static_cast<ProgressBar&>(control).Value());
 }
 
 void FormWindow::FormChanged() {
@@ -227,6 +164,8 @@ void FormWindow::CarryOutPlace() {
 void FormWindow::BringUp() {
     const bool wantsFront = form_->WantsFront();
     form_->FrontGiven();
+    if (wantsFront)
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     if (isVisible() && wantsFront) {
         raise();
         activateWindow();
@@ -235,15 +174,20 @@ void FormWindow::BringUp() {
         return;
     setWindowModality(form_->IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     // A dialog stands over the window that the user works with.
-    QWidget* below = form_->IsModal() ? QApplication::activeWindow() : nullptr;
+    QWidget* below = form_->IsModal() || form_->TellsProgress() ? QApplication::activeWindow() : nullptr;
     create();
     windowHandle()->setTransientParent(below == nullptr ? nullptr : below->windowHandle());
     show();
+    // The toolkit paints no window before the display has told of it in an event, and none passes until the handler is
+    // through. Without a window manager in between the window is there by now.
+    if (form_->TellsProgress())
+        setAttribute(Qt::WA_Mapped);
 }
 
 ImageCanvas& FormWindow::Surface() {
     if (surface_ == nullptr) {
         surface_ = new SurfaceView(*form_, gate_, content_);
+        surface_->setAccessibleName(ShownLine(form_->SpokenName().empty() ? form_->Caption() : form_->SpokenName()));
         surface_->lower();
         surface_->show();
     }
@@ -278,8 +222,11 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange && IsLive() && isMinimized() != form_->IsMinimised())
+    if (event->type() == QEvent::WindowStateChange && IsLive() && isMinimized() != form_->IsMinimised()) {
         TellSize();
+        if (isVisible() && !isMinimized())
+            TellItIsUp();
+    }
 }
 
 /// Tells the form of its size; if it wants another one, the window takes that as soon as the event is over.
@@ -310,14 +257,22 @@ void FormWindow::closeEvent(QCloseEvent* event) {
         gate_.Run([this] { form_->Unload(); });
 }
 
-// What the form has to say to that may be a message box: it waits until the handler that shows the window is through.
 void FormWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (event->spontaneous())
-        return;
+    if (!event->spontaneous())
+        TellItIsUp();
+}
+
+// What the form has to say to that may be a message box: it waits until the handler that shows the window is through.
+void FormWindow::TellItIsUp() {
     const auto tell = [this] {
-        if (IsLive() && isVisible())
-            gate_.Run([this] { form_->BroughtUp(); });
+        if (!IsLive() || !isVisible() || isMinimized())
+            return;
+        const QPointer<FormWindow> self = this;
+        tellingItIsUp_ = true;
+        gate_.Run([this] { form_->BroughtUp(); });
+        if (self != nullptr)
+            self->tellingItIsUp_ = false;
     };
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }

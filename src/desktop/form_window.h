@@ -8,9 +8,9 @@
 #include <memory>
 
 #include "desktop/event_gate.h"
-#include "desktop/image_canvas.h"
 #include "desktop/menu_view.h"
 #include "desktop/surface_view.h"
+#include "render/image_canvas.h"
 #include "ui/form.h"
 
 namespace halvern {
@@ -34,6 +34,9 @@ class FormWindow : public QWidget, public ControlObserver {
     /// What the form draws on, as large as the window without its menu.
     ImageCanvas& Surface();
 
+    /// Whether the form is just being told that it has come up. The display may not have made the window active yet.
+    bool IsTellingItIsUp() const { return tellingItIsUp_; }
+
     /// What shows a control; null for one that has no widget here.
     QWidget* WidgetOf(const Control& control) const;
     const MenuView* Menu() const { return menu_.get(); }
@@ -54,11 +57,11 @@ class FormWindow : public QWidget, public ControlObserver {
     /// Whether there is a form: after the end of the program it may be gone without a word.
     bool IsLive() const { return form_ != nullptr && !gate_.HasEnded(); }
     void AddWidget(Control& control);
-    QWidget* NewWidget(Control& control);
     QWidget* ParentOf(const Control& control) const;
     void CarryOutPlace();
     bool LayOut();
     void TellSize();
+    void TellItIsUp();
     bool FocusMayGoTo(const QWidget& wanted);
     QPushButton* ButtonForEnter() const;
     void Press(QPushButton* button);
@@ -74,6 +77,7 @@ class FormWindow : public QWidget, public ControlObserver {
 
     Place carriedOut_;  ///< the form's place when it was last carried out
     bool tellingSize_ = false;
+    bool tellingItIsUp_ = false;
     QSize refused_;     ///< the last size that the form did not take as it was
     int refusals_ = 0;  ///< how often in a row
 };

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 

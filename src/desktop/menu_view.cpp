@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "desktop/message_box.h"
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 
@@ -63,7 +63,8 @@ QAction* MenuView::Place(QWidget& parent, MenuItem& item) {
     QAction*& action = actions_[&item];
     if (action == nullptr) {
         action = new QAction(&widget_);
-        QObject::connect(action, &QAction::triggered, &widget_, [this, &item] { Choose(item); });
+        // Not for the bar: what an action is connected to in it is cut when the action is taken out.
+        QObject::connect(action, &QAction::triggered, action, [this, &item] { Choose(item); });
         item.Observe(this);
         Mirror(item);
     }

@@ -3,7 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 

@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 

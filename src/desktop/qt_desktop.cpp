@@ -22,6 +22,7 @@ QSize ScreenSize() { return QGuiApplication::primaryScreen()->geometry().size();
 QtDesktop::QtDesktop(std::function<PrinterList()> askForPrinters) : printers_(std::move(askForPrinters)) {
     gate_.TellFailure = [this](const std::string& text) {
         SetMousePointer(kPointerNormal);
+        ProgressStandsBack();
         MessageBoxWindow(ParentOfBoxes(), text, kCritical, std::string(kProgramTitle)).Ask();
     };
     gate_.AfterEvent = [this] {
@@ -75,23 +76,36 @@ std::optional<std::string> QtDesktop::AskForFile(const FileDialog& dialog, FileD
 }
 
 QWidget* QtDesktop::OpenBox() {
-    ++openBoxes_;
-    ShowPointer();
+    CountBoxes(+1);
     return ParentOfBoxes();
+}
+
+/// While the user is being asked, nothing else goes on.
+void QtDesktop::CountBoxes(int more) {
+    openBoxes_ += more;
+    ShowPointer();
+    ProgressStandsBack();
+}
+
+void QtDesktop::ProgressStandsBack() {
+    for (const auto& [form, view] : forms_)
+        view->StandBack();
 }
 
 /// Not every window manager gives the keyboard back to the window below.
 void QtDesktop::CloseBox(QWidget* parent) {
-    --openBoxes_;
-    ShowPointer();
+    CountBoxes(-1);
     if (parent != nullptr && parent->isVisible())
         parent->activateWindow();
 }
 
-/// A box stands over the window that the user works with.
+/// A box stands over the window that has brought it up, or that the user works with.
 QWidget* QtDesktop::ParentOfBoxes() const {
     if (QWidget* modal = QApplication::activeModalWidget())
         return modal;
+    for (const auto& [form, view] : forms_)
+        if (view->Window() != nullptr && view->Window()->IsTellingItIsUp())
+            return view->Window();
     if (QWidget* active = QApplication::activeWindow())
         return active;
     for (const auto& [form, view] : forms_)
@@ -109,12 +123,15 @@ void QtDesktop::RunModal(Form& form) {
     const auto view = forms_.find(&form);
     if (view == forms_.end())
         return;
-    ++openBoxes_;
-    ShowPointer();
+    CountBoxes(+1);
     view->second->AwaitHiding();
-    --openBoxes_;
-    ShowPointer();
+    CountBoxes(-1);
     gate_.ThrowIfEnded();
+}
+
+void QtDesktop::Repaint(Form& form) {
+    if (const auto view = forms_.find(&form); view != forms_.end())
+        view->second->Repaint(patience);
 }
 
 Canvas& QtDesktop::SurfaceOf(Form& form) { return forms_.at(&form)->Surface(); }

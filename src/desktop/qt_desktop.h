@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -33,6 +34,9 @@ class QtDesktop : public Desktop {
 
     EventGate& Gate() { return gate_; }
 
+    /// How long a command lasts before a window tells of its progress.
+    std::chrono::milliseconds patience{300};
+
     /// The window of a loaded form; null for one that has not been shown yet.
     FormWindow* WindowOf(Form& form) const;
 
@@ -47,6 +51,7 @@ class QtDesktop : public Desktop {
     void FormLoaded(Form& form) override;
     void FormUnloaded(Form& form) override;
     void RunModal(Form& form) override;
+    void Repaint(Form& form) override;
     Canvas& SurfaceOf(Form& form) override;
     std::int32_t ScreenWidthTwips() const override;
     std::int32_t ScreenHeightTwips() const override;
@@ -63,6 +68,8 @@ class QtDesktop : public Desktop {
     /// Around each box. The first returns the window that the box belongs to (null: none), the second takes it back.
     QWidget* OpenBox();
     void CloseBox(QWidget* parent);
+    void CountBoxes(int more);
+    void ProgressStandsBack();
     std::optional<std::string> AskForFile(const FileDialog& dialog, FileDialogKind kind);
     void ShowPointer();
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 #include "desktop/event_gate.h"
-#include "desktop/image_canvas.h"
+#include "render/image_canvas.h"
 #include "ui/form.h"
 
 namespace halvern {

@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 namespace halvern {
 

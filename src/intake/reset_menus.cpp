@@ -32,8 +32,7 @@ void TakeItemsBack() {
                            &M.CorrectedDataOut, &M.WDOut, &M.KeldOut, &M.KeldOutCorrected})
         item->Disable();
 
-    M.NoJitterCorrection.SetCaption("&Remove Jitter Correction");
-    M.PlotCorrected.SetCaption("&Corrected for Jitter");
+    NameCorrections(Corrections::kJitter);
 }
 
 void WipeScans() {

@@ -6,8 +6,8 @@
 #include "analysis/s_range.h"
 #include "store/analysis_store.h"
 #include "store/file_command.h"
-#include "store/files.h"
 #include "store/format.h"
+#include "store/table_file.h"
 
 namespace halvern {
 
@@ -20,62 +20,45 @@ constexpr Pattern kCount{"##0"};
 constexpr Pattern kColumn{"    0.0000E+00;   -0.0000E+00"};
 constexpr Pattern kErrorColumn{"    0.0000E+00"};
 
-FileDialog OutputDialog(std::string_view title) {
-    return {.title = std::string(title),
-            .filter = "Output File | *.*",
-            .flags = kAskBeforeOverwriting + kAskBeforeCreating,
-            .defaultExtension = {},
-            .fileName = {}};
-}
-
-void OpenOutput(std::string_view title) {
-    auto& S = Store();
-    S.OutFileName = ChooseNewFile(OutputDialog(title));
-    S.FileNum = FreeFile();
-    OpenForOutput(S.FileNum, S.OutFileName);
-}
-
-void Write(std::string_view line) { WriteLine(Store().FileNum, line); }
-
 /// A heading or a line of averages: 256 characters at most, without the blanks at its end.
 void WriteTrimmed(std::string_view line) {
     FixedText<256> fixed;
     fixed = line;
-    Write(RightTrimmed(fixed));
+    WriteTableLine(RightTrimmed(fixed));
 }
 
 void WriteHead() {
     const auto& S = Store();
-    Write(S.ProgramName);
-    Write(Concat({"Current Revision V", S.RevisionText}));
-    Write(Concat({"ListFile :: ", Trimmed(S.ListFileName)}));
-    Write(Concat({"sed time = ", Format(S.SedTime, kSedTime)}));
-    Write(Concat({"meniscus = ", Format(S.ScanMeniscus(1), kMeniscus)}));
-    Write(Concat({"speed = ", Format(S.ScanSpeed(1), kSpeed)}));
-    Write(Concat({"skip = ", Format(S.ScanSkip, kCount)}));
-    Write(Concat({"number of scans used = ", Format(2 * S.ScanSkip, kCount)}));
+    WriteTableOrigin();
+    WriteTableLine(Concat({"sed time = ", Format(S.SedTime, kSedTime)}));
+    WriteTableLine(Concat({"meniscus = ", Format(S.ScanMeniscus(1), kMeniscus)}));
+    WriteTableLine(Concat({"speed = ", Format(S.ScanSpeed(1), kSpeed)}));
+    WriteTableLine(Concat({"skip = ", Format(S.ScanSkip, kCount)}));
+    WriteTableLine(Concat({"number of scans used = ", Format(2 * S.ScanSkip, kCount)}));
 }
 
 void WriteCorrectedRate() {
     const auto& S = Store();
-    OpenOutput("Keld (corrected) Output");
+    ChooseTableFile("Keld (corrected) Output");
+    OpenTableFile();
     WriteHead();
     WriteTrimmed("   s*(svedbergs)   <dc/dt>        S.E.M.");
     for (std::int32_t I = FirstPointInUse(); I <= LastPointInUse(); ++I)
-        Write(Concat({Format(S.SStar(I) * 1E13, kColumn), Format(S.PlateauRate(I), kColumn),
-                      Format(S.RateSem(I), kErrorColumn)}));
-    Close(S.FileNum);
+        WriteTableLine(Concat({Format(S.SStar(I) * 1E13, kColumn), Format(S.PlateauRate(I), kColumn),
+                               Format(S.RateSem(I), kErrorColumn)}));
+    CloseTableFile();
 }
 
 void WriteDistributions(const DistributionAverages& interacting, const DistributionAverages& nonInteracting) {
     const auto& S = Store();
-    OpenOutput("Keld G-of-S Output");
+    ChooseTableFile("Keld G-of-S Output");
+    OpenTableFile();
     WriteHead();
-    Write("Distribution Averages for Interacting Systems");
+    WriteTableLine("Distribution Averages for Interacting Systems");
     for (const auto& line : AverageLinesOfInteracting(interacting))
         WriteTrimmed(line);
-    Write(" ");
-    Write("Distribution Averages for Non-Interacting Systems");
+    WriteTableLine(" ");
+    WriteTableLine("Distribution Averages for Non-Interacting Systems");
     for (const auto& line : AverageLinesOfNonInteracting(nonInteracting))
         WriteTrimmed(line);
     // Kept: the backslashes and the letters behind them are plain characters of the heading.
@@ -84,10 +67,10 @@ void WriteDistributions(const DistributionAverages& interacting, const Distribut
         const double s = S.SStar(I) * 1E13;
         const double g = S.GStar(I) * 1E-13;
         const double h = S.GHat(I) * 1E-13;
-        Write(Concat({Format(s, kColumn), Format(g, kColumn), Format(S.GStarSem(I), kColumn), Format(h, kColumn),
-                      Format(h * s, kColumn)}));
+        WriteTableLine(Concat({Format(s, kColumn), Format(g, kColumn), Format(S.GStarSem(I), kColumn),
+                               Format(h, kColumn), Format(h * s, kColumn)}));
     }
-    Close(S.FileNum);
+    CloseTableFile();
 }
 
 }  // namespace

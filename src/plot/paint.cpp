@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 
-#include "plot/axis_scale.h"
+#include "plot/plot_drawing.h"
 #include "plot/plot_window.h"
+#include "plot/progress.h"
 #include "store/analysis_store.h"
 #include "store/single.h"
 #include "ui/desktop.h"
@@ -12,139 +12,91 @@ namespace halvern {
 
 namespace {
 
-constexpr float kPageLeft = -25.0F, kPageTop = 120.0F, kPageRight = 110.0F, kPageBottom = -25.0F;
-constexpr float kBox = 100.0F;
+constexpr double kTickLabelFactor = 0.0012;
 
-constexpr Colour kBlackInk = 0x000000, kWhite = 0xFFFFFF;
-constexpr Colour kPickLine = 0x000080, kLevelLine = 0xFF0000;
-constexpr float kLineFrom = 2.5F, kLineTo = 97.5F;
+/// Sizes for a window of this larger dimension, twips.
+TextSizes SizesFor(std::int32_t D, float HelpFontFactor, float TitleFontFactor) {
+    const auto twips = static_cast<double>(D);
+    return {ToInteger16(Single(twips * HelpFontFactor)), ToInteger16(twips * kTickLabelFactor),
+            ToInteger32(Single(twips * TitleFontFactor))};
+}
 
-constexpr int kPenUpCommand = 58;
-
-/// The fill style of a canvas as it was, given back at the end of the drawing.
-class KeptFill {
-  public:
-    explicit KeptFill(Canvas& canvas) : canvas_(canvas), style_(canvas.CurrentFillStyle()) {}
-    ~KeptFill() { canvas_.SetFillStyle(style_); }
-    KeptFill(const KeptFill&) = delete;
-    KeptFill& operator=(const KeptFill&) = delete;
-
-  private:
-    Canvas& canvas_;
-    FillStyle style_;
-};
+void DrawBox(Canvas& canvas) {
+    canvas.FilledBox(0.0F, 0.0F, kBox, kBox, kWhite);
+    canvas.Box(0.0F, 0.0F, kBox, kBox, kBlackInk);
+}
 
 }  // namespace
 
-void PlotWindow::WorkOutAxes() {
+void PlotWindow::Form_Paint() {
+    const Place& window = Where();
+    PlaceLabels(window.width);
+    if (IsMinimised())
+        return;
+    ProgressWindow& progress = CmpltFrmForm();
+    progress.ProgressBar1.SetValue(0);
+    progress.Label3.SetCaption("Creating Plot");
+    const TextSizes sizes = SizesFor(std::max(window.width, window.height), HelpFontFactor_, TitleFontFactor_);
+    if (!Store().PlotReady) {
+        MsgBox("There Are No Data To Plot Yet!\r\n       Load a Data File 1st.", kExclamation, "Load Data");
+        return;
+    }
+    progress.Show();
+    progress.Refresh();
+    DrawPlot(Surface(), sizes);
+    progress.ProgressBar1.SetValue(0);
+    progress.Hide();
+}
+
+/// The read-out has the left half of the strip.
+void PlotWindow::PlaceLabels(std::int32_t windowWidth) {
+    const double width = windowWidth;
+    Place readOut = XYLabel.Where();
+    Place file = OutFileLbl.Where();
+    readOut.width = ToInteger32(width / 2.0);
+    file.width = ToInteger32(width * 0.95 / 2.0);
+    file.left = ToInteger32(width / 2.0);
+    XYLabel.SetPlace(readOut);
+    OutFileLbl.SetPlace(file);
+}
+
+PlotDrawing PlotWindow::WorkOutAxes(Canvas& canvas, const TextSizes& sizes) {
     const Axis x = WorkOutXAxis();
     const Axis y = WorkOutYAxis();
     XAxisMin = x.Min;
     XAxisMax = x.Max;
     YAxisMin = y.Min;
     YAxisMax = y.Max;
-    XScale = Single(Quotient(100.0, static_cast<double>(XAxisMax) - XAxisMin));
-    YScale = Single(Quotient(100.0, static_cast<double>(YAxisMax) - YAxisMin));
+    return {canvas, *this, x, y, sizes};
 }
 
-void PlotWindow::Form_Paint() {
-    if (IsMinimised())
-        return;
-    if (!Store().PlotReady) {
-        MsgBox("There Are No Data To Plot Yet!\r\n       Load a Data File 1st.", kExclamation, "Load Data");
-        return;
-    }
-    WorkOutAxes();
-    Canvas& canvas = Surface();
+void PlotWindow::DrawPlot(Canvas& canvas, const TextSizes& sizes) {
+    const PlotDrawing drawing = WorkOutAxes(canvas, sizes);
     canvas.Scale(kPageLeft, kPageTop, kPageRight, kPageBottom);
     canvas.Cls();
     canvas.SetDrawWidth(2);
-    canvas.FilledBox(0.0F, 0.0F, kBox, kBox, kWhite);
-    canvas.Box(0.0F, 0.0F, kBox, kBox, kBlackInk);
+    XScale = Single(Quotient(100.0, static_cast<double>(XAxisMax) - XAxisMin));
+    YScale = Single(Quotient(100.0, static_cast<double>(YAxisMax) - YAxisMin));
+    DrawBox(canvas);
+    DrawTicks(drawing);
     canvas.SetDrawWidth(1);
-    {
-        const KeptFill kept(canvas);
-        if (Store().FilledSymbols)
-            canvas.SetFillStyle(FillStyle::kSolid);
-        DrawPoints(canvas);
-        DrawPickLines(canvas);
-    }
-    PrintTitles(canvas);
-}
+    const Colours kept = canvas.CurrentColours();
+    if (Store().FilledSymbols)
+        canvas.SetFillStyle(FillStyle::kSolid);
+    DrawPoints(drawing, Single(0.5 * SymbolScale_));
+    DrawPickLines(drawing);
+    canvas.SetColours(kept);
 
-float PlotWindow::PageX(float x) const { return Single((static_cast<double>(x) - XAxisMin) * XScale); }
-
-float PlotWindow::PageY(float y) const { return Single((static_cast<double>(y) - YAxisMin) * YScale); }
-
-void PlotWindow::DrawMarker(Canvas& canvas, float x, float y, std::int32_t code) const {
-    const bool inside = XAxisMin < x && x < XAxisMax && YAxisMin < y && y < YAxisMax;
-    if (!inside)
-        return;
-    const Colour colour = Store().PlotColor(code % 10);
-    canvas.SetFillColour(colour);
-    canvas.SetForeColour(colour);
-    canvas.Circle(PageX(x), PageY(y), Single(0.5 * SymbolScale_), colour);
-}
-
-/// The clipping is rough on purpose: beyond top and bottom a line runs along the edge, at the right it ends with its last
-/// point inside, and to the left it goes out into the margin once the pen is down.
-void PlotWindow::DrawLinePoint(Canvas& canvas, float x, float y, std::int32_t code, bool& PenUp) const {
-    const std::int32_t a = std::abs(code);
-    const float clampedY = y < YAxisMin ? 0.0F : y > YAxisMax ? kBox : PageY(y);
-    const bool lift = (a & 63) == kPenUpCommand;
-    if (lift)
-        PenUp = true;
-    if (PenUp) {
-        if (XAxisMin <= x && x <= XAxisMax) {
-            PenUp = false;
-            canvas.MoveTo(PageX(x), clampedY);
-        }
-        return;
-    }
-    if (x <= XAxisMax)
-        canvas.LineTo(PageX(x), clampedY, Store().PlotColor((a / 64) % 10));
-}
-
-void PlotWindow::DrawPoints(Canvas& canvas) const {
-    const auto& S = Store();
-    bool PenUp = false;
-    for (std::int32_t i = 1; i <= S.PlotCount; ++i) {
-        const std::int32_t c = S.PlotSym(i);
-        if (c > 0 && !S.OmitSymbols)
-            DrawMarker(canvas, S.PlotX(i), S.PlotY(i), c);
-        else if (c < 0 && !S.OmitLines)
-            DrawLinePoint(canvas, S.PlotX(i), S.PlotY(i), c, PenUp);
-    }
-}
-
-void PlotWindow::DrawPickLines(Canvas& canvas) const {
-    const auto& S = Store();
-    const auto onXAxis = [&](float value) { return XAxisMin <= value && value <= XAxisMax; };
-    if (S.PickDataLimits) {
-        if (onXAxis(S.DataLimitMin))
-            canvas.Line(PageX(S.DataLimitMin), kLineFrom, PageX(S.DataLimitMin), kLineTo, kPickLine);
-        if (onXAxis(S.DataLimitMax))
-            canvas.Line(PageX(S.DataLimitMax), kLineTo, PageX(S.DataLimitMax), kLineFrom, kPickLine);
-    }
-    if (S.PickMeniscus && onXAxis(S.Meniscus))
-        canvas.Line(PageX(S.Meniscus), kLineFrom, PageX(S.Meniscus), kLineTo, kPickLine);
-    if (S.PickZeroLevel && YAxisMin <= S.Meniscus && S.Meniscus <= YAxisMax)
-        canvas.Line(kLineFrom, PageY(S.Meniscus), kLineTo, PageY(S.Meniscus), kLevelLine);
-}
-
-/// The lines above the box and the x title, centred.
-void PlotWindow::PrintTitles(Canvas& canvas) const {
-    const auto& S = Store();
-    constexpr int kPoints = 10;
-    canvas.SetFont(kPoints, true);
-    canvas.SetForeColour(kBlackInk);
-    const auto centred = [&](std::string_view text, float top) {
-        canvas.MoveTo(50.0F - canvas.TextWidth(text) / 2.0F, top);
-        canvas.Print(text);
-    };
-    centred(S.PlotXTitle, Single(-12.5 - canvas.TextHeight("X")));
-    centred(S.PlotHelp1, 118.0F);
-    centred(S.PlotHelp2, 110.0F);
+    canvas.SetFont(sizes.titles, true);
+    PrintTitles(drawing);
+    PrintPickMessages(drawing);
+    canvas.SetFont(sizes.tickLabels, true);
+    PrintXLabels(drawing);
+    if (Store().PlotLnAxis)
+        PrintSStarScale(drawing);
+    PrintYTitle(drawing);
+    canvas.SetFont(sizes.tickLabels, true);
+    PrintYLabels(drawing);
 }
 
 }  // namespace halvern

@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "plot/legend.h"
 #include "plot/progress.h"
 #include "store/analysis_store.h"
 #include "store/printer_menu.h"
@@ -79,6 +80,7 @@ void PlotWindow::TieHandlers() {
     tie(Menu.LargePoints, &PlotWindow::LargePoints_Click);
     tie(Menu.UseFilled, &PlotWindow::UseFilled_Click);
     tie(Menu.Col_Sym, &PlotWindow::Col_Sym_Click);
+    tie(Menu.ShowIt, &PlotWindow::ShowIt_Click);
 }
 
 Canvas& PlotWindow::Surface() { return TheDesktop().SurfaceOf(*this); }
@@ -107,6 +109,7 @@ void PlotWindow::Form_Load() {
     PlaceOnScreen();
     S.PlotPixelHeight = Surface().PixelHeight();
     S.PlotPixelWidth = Surface().PixelWidth();
+    SymbolScale_ = 0.5F;
     for (std::int32_t i = 0; i < static_cast<std::int32_t>(std::size(kColours)); ++i)
         S.PlotColor(i) = kColours[i];
 
@@ -120,6 +123,8 @@ void PlotWindow::Form_Load() {
     S.FilledSymbols = true;
     S.CycleSymbolsFirst = true;
     Menu.UseFilled.Tick();
+    HelpFontFactor_ = 0.0014F;
+    TitleFontFactor_ = 0.0024F;
     S.PlotitLoaded = true;
 
     if (TheDesktop().PrinterNames().empty())
@@ -130,6 +135,7 @@ void PlotWindow::Form_Load() {
 
 void PlotWindow::Form_Unload(bool& /*Cancel*/) {
     Store().PlotitLoaded = false;
+    Surface().Cls();
     CmpltFrmForm().Unload();
 }
 
@@ -162,6 +168,8 @@ PlotWindow& PlotitForm() {
 }
 
 void UnloadPlotWindows() {
+    if (Store().PlotLegendLoaded)
+        PlotLegendForm().Unload();
     if (Store().PlotitLoaded)
         PlotitForm().Unload();
 }

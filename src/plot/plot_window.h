@@ -8,6 +8,9 @@
 
 namespace halvern {
 
+struct PlotDrawing;
+struct TextSizes;
+
 /// The items of the plot window's menu, by the design's names.
 struct PlotMenu {
     MenuItem Zoomout, ShowEm;
@@ -65,6 +68,8 @@ class PlotWindow : public Form {
     void LargePoints_Click();
     void UseFilled_Click();
     void Col_Sym_Click();
+    void ShowIt_Click();
+    void RepaintWithLegend();
     void ToggleOmission(Boolean& omit, MenuItem& item, MenuItem& other);
     void RepaintIfReady();
 
@@ -76,18 +81,15 @@ class PlotWindow : public Form {
     void EndZoomDrag();
     void ZoomIn();
 
-    void WorkOutAxes();
-    float PageX(float x) const;
-    float PageY(float y) const;
-    void DrawPoints(Canvas& canvas) const;
-    void DrawMarker(Canvas& canvas, float x, float y, std::int32_t code) const;
-    void DrawLinePoint(Canvas& canvas, float x, float y, std::int32_t code, bool& PenUp) const;
-    void DrawPickLines(Canvas& canvas) const;
-    void PrintTitles(Canvas& canvas) const;
+    void PlaceLabels(std::int32_t windowWidth);
+    PlotDrawing WorkOutAxes(Canvas& canvas, const TextSizes& sizes);
+    void DrawPlot(Canvas& canvas, const TextSizes& sizes);
 
     MenuBar bar_;
     Boolean ShowXY_;
-    float SymbolScale_ = 0.5F;
+    float SymbolScale_ = 0.5F;         ///< factor on the radius of markers
+    float HelpFontFactor_ = 0.0014F;   ///< points of the titles per twip of the window's larger dimension
+    float TitleFontFactor_ = 0.0024F;  ///< pixels of the rotated font per twip of that
     Boolean ZoomDragging_, ZoomFirstMove_;
     float ZoomX0_ = 0.0F, ZoomY0_ = 0.0F, ZoomX1_ = 0.0F, ZoomY1_ = 0.0F;  ///< page units
 };

@@ -9,6 +9,8 @@ class ProgressWindow : public Form {
   public:
     ProgressWindow();
 
+    bool TellsProgress() const override { return true; }
+
     Label Label1;                  ///< the lower end of the scale
     Label Label2;                  ///< its upper end
     Label Label3{"Reading Data"};  ///< what is going on

@@ -12,8 +12,11 @@
 #include "replay/mouse.h"
 #include "replay/names.h"
 #include "replay/print.h"
+#include "replay/render.h"
 #include "replay/script.h"
 #include "store/report.h"
+#include "ui/check_box.h"
+#include "ui/up_down.h"
 
 namespace halvern::replay {
 
@@ -68,6 +71,29 @@ void TypeEvent(ReplayDesktop& desktop, Arguments arguments) {
         box.GotFocus();
     box.Type(arguments[1]);
     LeaveBox(desktop, box);
+}
+
+void SetTick(ReplayDesktop& desktop, Arguments arguments, int value) {
+    const NamedControl named = FindControl(desktop.Windows(), arguments[0]);
+    if (named.control->Kind() != ControlKind::kCheckBox)
+        throw ScriptError(named.control->Name() + " is no check box");
+    CheckWayTo(named);
+    if (FocusIsFree(desktop, *named.control))
+        static_cast<CheckBox&>(*named.control).SetValue(value);
+}
+
+void TickEvent(ReplayDesktop& desktop, Arguments arguments) { SetTick(desktop, arguments, 1); }
+
+void UntickEvent(ReplayDesktop& desktop, Arguments arguments) { SetTick(desktop, arguments, 0); }
+
+void SpinEvent(ReplayDesktop& desktop, Arguments arguments) {
+    const NamedControl named = FindControl(desktop.Windows(), arguments[0]);
+    if (named.control->Kind() != ControlKind::kUpDown)
+        throw ScriptError(named.control->Name() + " is no spin control");
+    CheckWayTo(named);
+    const std::int32_t value = WholeNumber(arguments[1], INT32_MIN, INT32_MAX, "not a whole number: ");
+    if (FocusIsFree(desktop, *named.control))
+        static_cast<UpDown&>(*named.control).SetValue(value);
 }
 
 void ChooseEvent(ReplayDesktop& desktop, Arguments arguments) { desktop.Choose(arguments[0]); }
@@ -142,6 +168,8 @@ void ScreenEvent(ReplayDesktop& desktop, Arguments arguments) {
     desktop.SetScreen(width, height, arguments.size() < 3);
 }
 
+void RenderEvent(ReplayDesktop& desktop, Arguments arguments) { RenderPlot(desktop, arguments[0]); }
+
 void PrintEvent(ReplayDesktop& desktop, Arguments arguments) {
     Print(desktop.Out(), arguments[0], desktop.OpenDialogForm());
 }
@@ -163,6 +191,9 @@ constexpr std::size_t kAnyNumber = SIZE_MAX;
 constexpr EventRow kEvents[] = {
     {"click", "NAME", 1, 1, When::kNothingWaits, ClickEvent},
     {"type", "NAME TEXT", 2, 2, When::kNothingWaits, TypeEvent},
+    {"tick", "NAME", 1, 1, When::kNothingWaits, TickEvent},
+    {"untick", "NAME", 1, 1, When::kNothingWaits, UntickEvent},
+    {"spin", "NAME VALUE", 2, 2, When::kNothingWaits, SpinEvent},
     {"choose", "PATH", 1, 1, When::kFileDialogWaits, ChooseEvent},
     {"cancel", "", 0, 0, When::kFileDialogWaits, CancelEvent},
     {"answer", "ok|yes|no", 1, 1, When::kMessageBoxWaits, AnswerEvent},
@@ -174,6 +205,7 @@ constexpr EventRow kEvents[] = {
     {"hover", "X Y", 2, 2, When::kNothingWaits, HoverEvent},
     {"cd", "DIR", 1, 1, When::kAnyTime, CdEvent},
     {"screen", "WIDTH HEIGHT [noprinter]", 2, 3, When::kNothingWaits, ScreenEvent},
+    {"render", "FILE", 1, 1, When::kAnyTime, RenderEvent},
     {"print", "report|menus|plot|dialog|clipboard|printer", 1, 1, When::kAnyTime, PrintEvent},
 };
 

@@ -9,6 +9,7 @@
 #include "store/analysis_store.h"
 #include "store/menus.h"
 #include "store/report.h"
+#include "ui/check_box.h"
 
 namespace halvern::replay {
 
@@ -90,13 +91,20 @@ void PrintPlot(std::ostream& out) {
         out << "plot: " << button->Name() << ' ' << kShownOrHidden[button->IsShown()] << '\n';
 }
 
+/// What a control shows of itself: a check box whether it is ticked.
+std::string ShownText(const Control& control) {
+    if (control.Kind() == ControlKind::kCheckBox)
+        return std::to_string(static_cast<const CheckBox&>(control).Value());
+    return control.Caption();
+}
+
 void PrintDialog(std::ostream& out, const Form* dialog) {
     if (dialog == nullptr)
         throw ScriptError("no dialog is open");
     out << "dialog: " << dialog->Name() << ' ' << Quoted(dialog->Caption()) << '\n';
     for (const Control* control : dialog->Controls())
         out << "control: " << control->Name() << (control->IsEnabled() ? " enabled " : " disabled ")
-            << kShownOrHidden[control->IsShown()] << ' ' << Quoted(control->Caption()) << '\n';
+            << kShownOrHidden[control->IsShown()] << ' ' << Quoted(ShownText(*control)) << '\n';
 }
 
 void PrintClipboard(std::ostream& out) { out << "clipboard: empty\n"; }

@@ -59,7 +59,19 @@ void ReplayDesktop::AnswerBox(Answer answer) {
     box_->answer = answer;
 }
 
+void ReplayDesktop::DrawOn(Form& form, Canvas& surface, const std::function<void()>& paint) {
+    struct Elsewhere {
+        std::optional<OtherSurface>& other;
+        ~Elsewhere() { other.reset(); }
+    };
+    const Elsewhere elsewhere{other_};
+    other_ = OtherSurface{&form, &surface};
+    paint();
+}
+
 Answer ReplayDesktop::AskUser(const std::string& text, int style, const std::string& title) {
+    if (other_.has_value())
+        return Answer::kOk;
     box_ = OpenBox{.yesNo = (style & kYesNo) != 0, .answer = {}};
     // Nobody has to take notice of a box that leaves no choice: it goes away when the script goes on without it.
     if (!box_->yesNo && !answers_.AnswerComesNext())
@@ -102,6 +114,14 @@ std::optional<std::string> ReplayDesktop::AskForFile(const FileDialog& dialog, b
 void ReplayDesktop::FormLoaded(Form& form) { loadedForms_.push_back(&form); }
 
 void ReplayDesktop::FormUnloaded(Form& form) { std::erase(loadedForms_, &form); }
+
+Canvas& ReplayDesktop::SurfaceOf(Form& form) {
+    if (other_.has_value() && other_->form == &form)
+        return *other_->surface;
+    const auto pixels = [](std::int32_t twips) { return static_cast<float>(twips) / kTwipsPerPixel; };
+    surface_.SetSize(pixels(form.Where().width), pixels(form.Where().height));
+    return surface_;
+}
 
 void ReplayDesktop::RunModal(Form& form) {
     dialogs_.push_back(&form);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -74,13 +75,20 @@ class ReplayDesktop : public Desktop {
     /// Cancels the file dialog that is open.
     void Cancel();
 
+    /// Draws a window on another surface: what `paint` does to the window's goes there.
+    ///
+    /// Note      no box comes up meanwhile. The program has said what there is to say when it showed the window, and a
+    ///           drawing can be made while another question waits
+    void DrawOn(Form& form, Canvas& surface, const std::function<void()>& paint);
+
     Answer AskUser(const std::string& text, int style, const std::string& title) override;
     std::optional<std::string> AskForExistingFile(const FileDialog& dialog) override;
     std::optional<std::string> AskForNewFile(const FileDialog& dialog) override;
     void FormLoaded(Form& form) override;
     void FormUnloaded(Form& form) override;
     void RunModal(Form& form) override;
-    Canvas& SurfaceOf(Form& /*form*/) override { return surface_; }
+    void Repaint(Form& /*form*/) override {}
+    Canvas& SurfaceOf(Form& form) override;
     std::int32_t ScreenWidthTwips() const override { return widthPixels_ * kTwipsPerPixel; }
     std::int32_t ScreenHeightTwips() const override { return heightPixels_ * kTwipsPerPixel; }
     void SetMousePointer(int /*shape*/) override {}
@@ -116,6 +124,11 @@ class ReplayDesktop : public Desktop {
     std::vector<Form*> dialogs_;
     TextBox* focusedBox_ = nullptr;
     NullCanvas surface_;
+    struct OtherSurface {
+        Form* form;
+        Canvas* surface;
+    };
+    std::optional<OtherSurface> other_;
     std::optional<OpenBox> box_;
     std::optional<OpenDialog> dialog_;
 };

@@ -2,6 +2,8 @@
 
 #include "analysis/g_of_s.h"
 #include "analysis/zero_level.h"
+#include "conditioning/fringe_shift.h"
+#include "conditioning/jitter.h"
 #include "conditioning/meniscus.h"
 #include "plot/done.h"
 
@@ -10,8 +12,8 @@ namespace halvern {
 namespace {
 
 constexpr DoneBranch kBranches[] = {
-    {&PlotRequest::PickSLimits, TakeSLimits},
-    {&PlotRequest::PickZeroLevel, TakeZeroLevel},
+    {&PlotRequest::PickJitterPoint, TakeJitterPoint}, {&PlotRequest::PickSLimits, TakeSLimits},
+    {&PlotRequest::PickZeroLevel, TakeZeroLevel},     {&PlotRequest::PickFringePoint, TakeFringePoint},
     {&PlotRequest::PickMeniscus, TakeMeniscus},
 };
 

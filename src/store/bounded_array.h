@@ -42,6 +42,12 @@ class BoundedArray {
     std::span<Element, kCount> Elements() { return std::span<Element, kCount>(elements_); }
     std::span<const Element, kCount> Elements() const { return std::span<const Element, kCount>(elements_); }
 
+    /// Sets every element, whatever it held.
+    void Fill(const Element& value) {
+        for (Element& element : elements_)
+            element = value;
+    }
+
     /// Sets every element to zero, without touching pages that hold nothing else.
     void Zero() requires std::is_arithmetic_v<Element> {
         constexpr std::size_t kChunk = 1024;

@@ -105,4 +105,12 @@ void OfferCorrections() {
     Menus().DoIntShift.Enable();
 }
 
+void NameCorrections(Corrections corrections) {
+    const bool fringes = corrections == Corrections::kJitterAndFringes;
+    Menus().NoJitterCorrection.SetCaption(fringes ? "&Remove Jitter and Integer Fringe Correction"
+                                                  : "&Remove Jitter Correction");
+    Menus().PlotCorrected.SetCaption(fringes ? "&Corrected for Jitter and Interger Fringe Shift"
+                                             : "&Corrected for Jitter");
+}
+
 }  // namespace halvern

@@ -32,4 +32,8 @@ MenuBar& MainMenuBar();
 /// Once a meniscus is known, the corrections of interference data are offered; other data have none.
 void OfferCorrections();
 
+/// What the corrections at hand are called by the items that remove and plot them.
+enum class Corrections { kJitter, kJitterAndFringes };
+void NameCorrections(Corrections corrections);
+
 }  // namespace halvern

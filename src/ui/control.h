@@ -31,7 +31,9 @@ enum class ControlKind {
     kPanel,
     kListBox,
     kPicture,
-    kProgressBar
+    kProgressBar,
+    kUpDown,
+    kCheckBox
 };
 
 class Control;
@@ -65,6 +67,10 @@ class Control {
     const std::string& Caption() const { return caption_; }
     void SetCaption(std::string caption);
 
+    /// What assistive programs call the control; empty where its caption says it.
+    const std::string& SpokenName() const { return spokenName_; }
+    void SetSpokenName(std::string name) { spokenName_ = std::move(name); }
+
     bool IsEnabled() const { return enabled_; }
     void Enable() { SetEnabled(true); }
     void Disable() { SetEnabled(false); }
@@ -91,6 +97,7 @@ class Control {
     bool shown_ = true;
     std::string name_;
     std::string caption_;
+    std::string spokenName_;
     Place place_;
     ControlObserver* observer_ = nullptr;
 };

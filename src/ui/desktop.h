@@ -65,6 +65,8 @@ class Windows {
     virtual void FormUnloaded(Form& form) = 0;
     /// Returns when the form, which is shown, has been hidden or unloaded.
     virtual void RunModal(Form& form) = 0;
+    /// Shows at once what has changed on a form that is loaded.
+    virtual void Repaint(Form& form) = 0;
     /// The surface that a form draws on, as large as its client area.
     virtual Canvas& SurfaceOf(Form& form) = 0;
     virtual std::int32_t ScreenWidthTwips() const = 0;

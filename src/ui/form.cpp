@@ -40,6 +40,8 @@ void Form::ShowModal() {
     TheDesktop().RunModal(*this);
 }
 
+void Form::Refresh() { TheDesktop().Repaint(*this); }
+
 void Form::Unload() {
     if (!loaded_)
         return;

@@ -41,6 +41,12 @@ class Form : public Control {
     /// The window has come up before the user.
     virtual void BroughtUp() {}
 
+    /// Shows at once what has changed on the form, without a pass through the events.
+    void Refresh();
+    /// A window that tells how far a command has come. It takes the keyboard from nobody, and need not come up at all for
+    /// a command that is over in a moment.
+    virtual bool TellsProgress() const { return false; }
+
     /// Runs `Form_Unload`; unless that cancels, the form is gone. Does nothing to a form that is not loaded.
     void Unload();
     /// Whether the close button of the frame unloads the form; a window that it does not unload has none.

@@ -3,7 +3,6 @@
 #include <QFrame>
 #include <QGroupBox>
 #include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -20,7 +19,6 @@
 #include "desktop/message_box.h"
 #include "desktop/qt_desktop.h"
 #include "desktop/text_box_view.h"
-#include "plot/progress.h"
 #include "store/analysis_store.h"
 #include "store/failure.h"
 
@@ -377,18 +375,6 @@ TEST_F(DialogOnTheDesktop, IsLeftWhenOneOfItsHandlersFails) {
     testing::internal::GetCapturedStderr();
     EXPECT_TRUE(user.Happened());
     EXPECT_EQ(status, 70);
-}
-
-TEST_F(DialogOnTheDesktop, ShowsHowFarSomethingIs) {
-    ProgressWindow& progress = CmpltFrmForm();
-    progress.Show();
-    auto& bar = Shows<QProgressBar>(progress, progress.ProgressBar1);
-    EXPECT_EQ(bar.value(), 0);
-    progress.ProgressBar1.SetValue(40);
-    EXPECT_EQ(bar.value(), 40);
-    EXPECT_EQ(bar.maximum(), 100);
-    EXPECT_FALSE(Shows<QProgressBar>(progress, progress.Gauge1).isVisible());
-    progress.Unload();
 }
 
 TEST_F(DialogOnTheDesktop, AWindowThatIsShownAgainComesToTheFront) {

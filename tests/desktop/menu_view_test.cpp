@@ -151,6 +151,16 @@ TEST_F(MenuInAWindow, RunsTheHandlerOfTheItemChosen) {
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(MenuInAWindow, StillRunsTheHandlersWhenItemsHaveComeLater) {
+    MenuItem& alone = items.Printers.Load();
+    int chosen = 0;
+    alone.Click = [&] { ++chosen; };
+    bar.InsertAfter(items.Copy, 1, alone);
+    bar.InsertAfter(items.Array0, 2, items.Printers.Load());
+    Action(alone).trigger();
+    EXPECT_EQ(chosen, 1);
+}
+
 TEST_F(MenuInAWindow, OpensNoMenuThatIsDisabled) {
     items.File.Disable();
     QTest::mouseClick(&widget, Qt::LeftButton, {}, widget.actionGeometry(&Action(items.File)).center());

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <QWindow>
 
 #include <cmath>
 #include <cstdio>
@@ -48,6 +49,14 @@ void MoveMouse(QWidget* widget, QPoint place, Qt::MouseButtons held = Qt::NoButt
     QMouseEvent move(QEvent::MouseMove, place, widget->mapToGlobal(place), Qt::NoButton, held, {});
     QApplication::sendEvent(widget, &move);
 }
+
+struct PaintCounter : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+        paints += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int paints = 0;
+};
 
 struct SurfaceOnTheDesktop : ::testing::Test {
     QtDesktop desktop{[] { return PrinterList{}; }};
@@ -143,6 +152,32 @@ TEST_F(SurfaceOnTheDesktop, SaysOnceThatTheWindowHasComeUp) {
     form.Hide();
     form.Show();
     EXPECT_TRUE(QTest::qWaitFor([&] { return form.broughtUp == 2; }));
+}
+
+TEST_F(SurfaceOnTheDesktop, SaysSoAgainWhenItHasBeenAnIcon) {
+    Shown();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return form.broughtUp == 1; }));
+    FormWindow& window = *desktop.WindowOf(form);
+    const auto becomesIcon = [&] {
+        window.showMinimized();
+        return QTest::qWaitFor([&] { return form.IsMinimised() && !window.windowHandle()->isExposed(); });
+    };
+    const auto comesUpFor = [&](int time) {
+        return QTest::qWaitFor([&] { return form.broughtUp >= time && window.windowHandle()->isExposed(); }) &&
+               QTest::qWaitForWindowActive(&window) && form.broughtUp == time && !form.IsMinimised();
+    };
+    ASSERT_TRUE(becomesIcon());
+    EXPECT_EQ(form.broughtUp, 1);
+    window.showNormal();
+    EXPECT_TRUE(comesUpFor(2));
+    // The program brings an icon up too, shown or hidden.
+    ASSERT_TRUE(becomesIcon());
+    form.Show();
+    EXPECT_TRUE(comesUpFor(3));
+    ASSERT_TRUE(becomesIcon());
+    form.Hide();
+    form.Show();
+    EXPECT_TRUE(comesUpFor(4));
 }
 
 /// The plot window of the program with a line from (0, 0) to (10, 10).
@@ -296,6 +331,15 @@ TEST_F(PlotOnTheDesktop, ARubberBandLeavesThePictureAsItWas) {
 TEST_F(PlotOnTheDesktop, AMoveOfTheMouseDoesNotDrawThePlotAnew) {
     FormWindow& window = Shown();
     auto* surface = window.childAt(window.width() / 2, window.height() / 2);
+    PaintCounter onSurface, onLabel;
+    surface->installEventFilter(&onSurface);
+    Widget(plot.XYLabel).installEventFilter(&onLabel);
+    for (int across = 100; across < 110; ++across) {
+        const int before = onLabel.paints;
+        MoveMouse(surface, QPoint(across, 150));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return onLabel.paints > before; }));
+    }
+    EXPECT_EQ(onSurface.paints, 0);
     // A mark that a new drawing would wipe away.
     Canvas().FilledBox(50.0F, 20.0F, 60.0F, 25.0F, 0x00FF00);
     MoveMouse(surface, QPoint(150, 150));
@@ -314,6 +358,7 @@ TEST_F(PlotOnTheDesktop, SaysOnceThatThereIsNothingToDraw) {
         users.push_back(std::make_unique<test::AtNext<MessageBoxWindow>>([&](MessageBoxWindow& box) {
             ++boxes;
             EXPECT_EQ(box.windowTitle(), "Load Data");
+            EXPECT_EQ(box.parentWidget(), desktop.WindowOf(plot));
             await();
             EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
             QTest::keyClick(&box, Qt::Key_Return);

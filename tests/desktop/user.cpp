@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
+#include <string_view>
 #include <thread>
 
 #include "desktop/run_halvern.h"
@@ -25,6 +26,17 @@ namespace {
 constexpr std::chrono::seconds kPatience{40};
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
+
+/// A title as the search for windows takes it, an extended regular expression.
+std::string Escaped(const std::string& title) {
+    std::string escaped;
+    for (const char c : title) {
+        if (std::string_view(".^$*+?()[]{}|\\").find(c) != std::string_view::npos)
+            escaped += '\\';
+        escaped += c;
+    }
+    return escaped;
+}
 
 std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
 
@@ -46,7 +58,7 @@ CommandResult RunCommand(const std::string& command) {
 std::string FindWindow(const std::string& title) {
     for (;;) {
         const auto [output, status] =
-            RunCommand("xdotool search --sync --onlyvisible --name " + Quoted("^" + title + "$"));
+            RunCommand("xdotool search --sync --onlyvisible --name " + Quoted("^" + Escaped(title) + "$"));
         if (status == 0)
             return FirstLine(output);
         // The search stumbles over windows that go while it looks at them.
@@ -73,7 +85,7 @@ void User::Press(const std::string& keys) { Do("key --delay 20 " + keys); }
 void User::Type(const std::string& text) { Do("type --delay 5 " + Quoted(text)); }
 
 void User::Click(QPoint place) {
-    Do("mousemove --sync " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " click 1");
+    Do("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " click 1");
 }
 
 std::string User::AwaitWindow(const std::string& title) {
@@ -137,8 +149,12 @@ void User::Choose(char menu, const std::string& items) {
 void User::Photograph(const std::string& name) {
     const auto file = std::filesystem::path(HALVERN_SCREENSHOTS) / (name + ".png");
     std::filesystem::create_directories(file.parent_path());
-    const bool written =
-        Look([&] { return QApplication::primaryScreen()->grabWindow(0).save(QString::fromStdString(file.string())); });
+    const auto shoot = [&] {
+        // What the windows have put off, their painting above all.
+        QCoreApplication::sendPostedEvents();
+        return QApplication::primaryScreen()->grabWindow(0).save(QString::fromStdString(file.string()));
+    };
+    const bool written = Look(shoot);
     if (!written)
         throw std::runtime_error("cannot write " + file.string());
 }

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <vector>
+
 #include "plot/done.h"
 #include "plot/plot_request.h"
 #include "plot/plot_window.h"
@@ -37,6 +41,13 @@ struct Interaction : ::testing::Test {
         plot.Form_MouseDown(kLeftButton, kNoModifier, X0, Y0);
         plot.Form_MouseMove(kLeftButton, kNoModifier, X1, Y1);
         plot.Form_MouseUp(kLeftButton, kNoModifier, X1, Y1);
+    }
+
+    /// What is drawn by an act; a repaint begins with a Cls.
+    bool Repaints(const std::function<void()>& act) {
+        desktop.surface.marks.clear();
+        act();
+        return !desktop.surface.Of(test::Drew::kCls).empty();
     }
 
     std::vector<float> View() const { return {S.PlotXMin, S.PlotXMax, S.PlotYMin, S.PlotYMax}; }
@@ -88,9 +99,11 @@ TEST_F(Interaction, DoesNotLetTheLimitsCross) {
     S.PickDataLimits = true;
     S.DataLimitMin = 30.0F;
     S.DataLimitMax = 60.0F;
-    Click(kLeftButton, kCtrl, 50.0F, 0.0F);   // at the upper limit
-    Click(kLeftButton, kCtrl, 75.0F, 0.0F);   // above it
-    Click(kRightButton, kCtrl, 25.0F, 0.0F);  // at the lower limit
+    EXPECT_FALSE(Repaints([&] {
+        Click(kLeftButton, kCtrl, 50.0F, 0.0F);   // at the upper limit
+        Click(kLeftButton, kCtrl, 75.0F, 0.0F);   // above it
+        Click(kRightButton, kCtrl, 25.0F, 0.0F);  // at the lower limit
+    }));
     EXPECT_EQ(S.DataLimitMin, 30.0F);
     EXPECT_EQ(S.DataLimitMax, 60.0F);
     ASSERT_EQ(desktop.messages.size(), 3U);
@@ -149,6 +162,9 @@ TEST_F(Interaction, HoldsABoxALittleInsideTheAxes) {
     EXPECT_EQ(S.PlotXMax, static_cast<float>(120.0 - 1E-5 * 120.0));
     EXPECT_EQ(S.PlotYMin, static_cast<float>(0.0 + 1E-5 * 12.0));
     EXPECT_FLOAT_EQ(S.PlotYMax, 7.2F);
+    plot.Menu.Zoomout.Click();
+    Drag(20.0F, 20.0F, 60.0F, 119.0F);
+    EXPECT_EQ(S.PlotYMax, static_cast<float>(12.0 - 1E-5 * 12.0));
 }
 
 TEST_F(Interaction, DoesNotZoomWithAClickOrALine) {
@@ -163,8 +179,8 @@ TEST_F(Interaction, DoesNotZoomWithAClickOrALine) {
 
 TEST_F(Interaction, DoesNotZoomAroundNoPointOrOne) {
     const auto before = View();
-    Drag(1.0F, 50.0F, 10.0F, 60.0F);
-    Drag(20.0F, 20.0F, 30.0F, 30.0F);
+    EXPECT_TRUE(Repaints([&] { Drag(1.0F, 50.0F, 10.0F, 60.0F); }));
+    EXPECT_TRUE(Repaints([&] { Drag(20.0F, 20.0F, 30.0F, 30.0F); }));
     EXPECT_EQ(View(), before);
     ASSERT_EQ(desktop.messages.size(), 2U);
     EXPECT_EQ(desktop.messages[0].text, "There Were No Data Within the Zoom-In Box!");
@@ -178,9 +194,62 @@ TEST_F(Interaction, ZoomsAroundTwoPointsOfTheSameValue) {
     ExpectView({54.0F, 66.0F, 5.4F, 6.6F});
 }
 
+TEST_F(Interaction, CountsAPointWhateverIsDrawnAtIt) {
+    for (const std::int16_t code : {std::int16_t{1}, std::int16_t{-58}, std::int16_t{0}}) {
+        S.PlotSym(4) = code;
+        Drag(45.0F, 45.0F, 55.0F, 55.0F);
+        EXPECT_TRUE(plot.Menu.Zoomout.IsEnabled()) << code;
+        plot.Menu.Zoomout.Click();
+    }
+    EXPECT_TRUE(desktop.messages.empty());
+}
+
+TEST_F(Interaction, DrawsTheRubberBandOverItselfAndTheLastBoxInItsOwnColour) {
+    EXPECT_FALSE(Repaints([&] {
+        plot.Form_MouseDown(kLeftButton, kNoModifier, 10.0F, 10.0F);
+        plot.Form_MouseMove(kLeftButton, kNoModifier, 20.0F, 30.0F);
+        plot.Form_MouseMove(kLeftButton, kNoModifier, 10.0F, 40.0F);
+        plot.Form_MouseUp(kLeftButton, kNoModifier, 10.0F, 40.0F);
+    }));
+    const auto boxes = desktop.surface.Of(test::Drew::kBox);
+    ASSERT_EQ(boxes.size(), 4U);
+    const Colour colours[] = {0xFF0000, 0xFF0000, 0xFF0000, 0x800000};
+    const float corners[] = {20.0F, 20.0F, 10.0F, 10.0F};
+    for (std::size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(boxes[i].colour, colours[i]);
+        EXPECT_EQ(boxes[i].x2, corners[i]);
+        EXPECT_EQ(boxes[i].mode, DrawMode::kExclusiveOr);
+    }
+    plot.Form_Paint();
+    EXPECT_EQ(desktop.surface.Of(test::Drew::kBox)[0].mode, DrawMode::kCopy);
+}
+
+TEST_F(Interaction, RepaintsWhereWhatIsShownHasChanged) {
+    S.PickDataLimits = true;
+    S.DataLimitMax = 100.0F;
+    EXPECT_TRUE(Repaints([&] { Click(kLeftButton, kCtrl, 25.0F, 0.0F); }));
+    EXPECT_TRUE(Repaints([&] { Click(kRightButton, kCtrl, 60.0F, 0.0F); }));
+    S.PickDataLimits = false;
+    S.PickMeniscus = true;
+    EXPECT_TRUE(Repaints([&] { Click(kLeftButton, kCtrl, 25.0F, 0.0F); }));
+    S.PickMeniscus = false;
+    S.PickZeroLevel = true;
+    EXPECT_TRUE(Repaints([&] { Click(kLeftButton, kCtrl, 25.0F, 0.0F); }));
+    EXPECT_TRUE(Repaints([&] { Drag(20.0F, 20.0F, 60.0F, 60.0F); }));
+    EXPECT_TRUE(Repaints([&] { plot.Menu.Zoomout.Click(); }));
+    for (MenuItem* style : {&plot.Menu.Nolines, &plot.Menu.LargePoints, &plot.Menu.UseFilled, &plot.Menu.Col_Sym})
+        EXPECT_TRUE(Repaints([&] { style->Click(); })) << style->Name();
+    EXPECT_FALSE(Repaints([&] { plot.Menu.ShowEm.Click(); }));
+    EXPECT_FALSE(Repaints([&] { plot.Form_MouseMove(0, kNoModifier, 50.0F, 25.0F); }));
+    S.PlotReady = false;
+    EXPECT_FALSE(Repaints([&] { plot.Menu.UseFilled.Click(); }));
+}
+
 TEST_F(Interaction, GoesBackToTheWholePictureInOneStep) {
     Drag(20.0F, 20.0F, 60.0F, 60.0F);
     Drag(10.0F, 10.0F, 90.0F, 90.0F);
+    ExpectView({26.0F, 74.0F, 2.6F, 7.4F});  // of axes from 20 to 80 and from 2 to 8
+    EXPECT_TRUE(desktop.messages.empty());
     plot.Menu.Zoomout.Click();
     ExpectView({0.0F, 100.0F, 0.0F, 10.0F});
     EXPECT_FALSE(plot.Menu.Zoomout.IsEnabled());
@@ -188,8 +257,9 @@ TEST_F(Interaction, GoesBackToTheWholePictureInOneStep) {
 
 TEST_F(Interaction, ComesUpUnzoomedWithTheNextRequest) {
     Drag(20.0F, 20.0F, 60.0F, 60.0F);
+    S.PlotX(1) = -40.0F;
     ShowPlot(false);
-    ExpectView({0.0F, 100.0F, 0.0F, 10.0F});
+    ExpectView({-40.0F, 100.0F, 0.0F, 10.0F});
     EXPECT_FALSE(plot.Menu.Zoomout.IsEnabled());
 }
 

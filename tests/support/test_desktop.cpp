@@ -47,7 +47,21 @@ void TestDesktop::FormUnloaded(Form& form) {
     story.push_back("unload " + form.Name());
 }
 
+void TestDesktop::Repaint(Form& form) { progress.push_back("repaint " + form.Name()); }
+
+Canvas& TestDesktop::SurfaceOf(Form& form) {
+    const Place& place = form.Where();
+    surface.SetSize(static_cast<float>(place.width) / kTwipsPerPixel,
+                    static_cast<float>(place.height) / kTwipsPerPixel);
+    return surface;
+}
+
 void TestDesktop::ControlChanged(Control& control) {
+    const auto* form = dynamic_cast<const Form*>(&control);
+    if (form != nullptr && form->TellsProgress()) {
+        progress.push_back((control.IsShown() ? "show " : "hide ") + control.Name());
+        return;
+    }
     if (control.IsShown() && shown_.insert(&control).second)
         story.push_back("show " + control.Name());
     else if (!control.IsShown() && shown_.erase(&control) != 0)

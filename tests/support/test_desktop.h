@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "support/recording_canvas.h"
 #include "ui/canvas.h"
 #include "ui/desktop.h"
 #include "ui/form.h"
@@ -43,7 +44,7 @@ class TestDesktop : public Desktop, private ControlObserver {
     std::function<void(Form&)> atLoad;
     /// What the user does with each dialog to come; the test fails when there is nothing, or the dialog stays.
     std::deque<std::function<void(Form&)>> dialogs;
-    NullCanvas surface;
+    RecordingCanvas surface;
     /// Called at each pass through the event queue.
     std::function<void()> atPass;
 
@@ -55,6 +56,8 @@ class TestDesktop : public Desktop, private ControlObserver {
     std::vector<std::size_t> printersSelected;
     /// What happened to windows and time, in its order: "load Keld", "show Keld", "100 passes", "sleep 1750", ...
     std::vector<std::string> story;
+    /// What happened to the windows that tell progress, which the story leaves out: "show cmpltfrm", "repaint cmpltfrm".
+    std::vector<std::string> progress;
 
     Answer AskUser(const std::string& text, int style, const std::string& title) override;
     std::optional<std::string> AskForExistingFile(const FileDialog& dialog) override;
@@ -62,7 +65,8 @@ class TestDesktop : public Desktop, private ControlObserver {
     void FormLoaded(Form& form) override;
     void FormUnloaded(Form& form) override;
     void RunModal(Form& form) override;
-    Canvas& SurfaceOf(Form&) override { return surface; }
+    void Repaint(Form& form) override;
+    Canvas& SurfaceOf(Form& form) override;
     std::int32_t ScreenWidthTwips() const override { return screenWidthPixels * kTwipsPerPixel; }
     std::int32_t ScreenHeightTwips() const override { return screenHeightPixels * kTwipsPerPixel; }
     void SetMousePointer(int shape) override;

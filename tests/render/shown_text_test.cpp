@@ -1,4 +1,4 @@
-#include "desktop/shown_text.h"
+#include "render/shown_text.h"
 
 #include <gtest/gtest.h>
 

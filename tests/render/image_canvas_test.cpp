@@ -1,4 +1,4 @@
-#include "desktop/image_canvas.h"
+#include "render/image_canvas.h"
 
 #include <gtest/gtest.h>
 
@@ -59,7 +59,7 @@ TEST_F(ImageCanvasTest, FillsABoxInTheColourOfItsLineWhateverTheFillIs) {
     canvas.SetFillColour(kBlackInk);
     canvas.FilledBox(10.0F, 10.0F, 0.0F, 0.0F, kBlueInk);
     EXPECT_EQ(Count(kBluePixel), 21 * 21);
-    EXPECT_EQ(canvas.CurrentFillStyle(), FillStyle::kTransparent);
+    EXPECT_EQ(canvas.CurrentColours().fillStyle, FillStyle::kTransparent);
 }
 
 TEST_F(ImageCanvasTest, DrawsALineFromTheCurrentPointAndMovesItToTheEnd) {
@@ -208,6 +208,142 @@ TEST_F(ImageCanvasTest, KeepsThePictureWhenItGrows) {
     EXPECT_EQ(Count(kBluePixel), 21 * 21);
     EXPECT_EQ(At(299, 299), kWhitePixel);
 }
+
+TEST_F(ImageCanvasTest, FillsABoxByTheFillSettings) {
+    canvas.SetFillStyle(FillStyle::kSolid);
+    canvas.SetFillColour(kBlueInk);
+    canvas.Box(0.0F, 0.0F, 10.0F, 10.0F, kRedInk);
+    EXPECT_EQ(Count(kRedPixel), 4 * 20);
+    EXPECT_EQ(Count(kBluePixel), 19 * 19);
+    canvas.SetDrawWidth(3);
+    canvas.Box(50.0F, 50.0F, 60.0F, 60.0F, kRedInk);
+    EXPECT_EQ(Count(kRedPixel), 4 * 20 + 23 * 23 - 17 * 17);
+    EXPECT_EQ(Count(kBluePixel), 19 * 19 + 17 * 17);
+}
+
+TEST_F(ImageCanvasTest, DrawsAWideLineAlongAnAxisAsARectangle) {
+    canvas.SetDrawWidth(2);
+    canvas.Line(10.0F, 0.0F, 10.0F, 2.0F, kRedInk);
+    // From pixel (70, 240) to (70, 236), one more each to the left and upwards.
+    EXPECT_EQ(Count(kRedPixel), 2 * 6);
+    EXPECT_EQ(At(69, 235), kRedPixel);
+    EXPECT_EQ(At(70, 240), kRedPixel);
+}
+
+TEST_F(ImageCanvasTest, DrawsALargeCircleToo) {
+    canvas.SetSize({2700, 2900}, 1.0);  // 20 pixels to a page unit
+    canvas.Cls();
+    canvas.Circle(50.0F, 50.0F, 45.0F, kRedInk);
+    EXPECT_EQ(At(1500 - 900, 1400), kRedPixel);
+    EXPECT_EQ(At(1500, 1400 + 900), kRedPixel);
+    EXPECT_EQ(At(1500, 1400), kWhitePixel);
+}
+
+TEST_F(ImageCanvasTest, DrawsAPolygonInPixelsInTheForeColour) {
+    canvas.SetForeColour(kRedInk);
+    canvas.SetFillStyle(FillStyle::kSolid);
+    canvas.SetFillColour(kBlueInk);
+    const PixelPoint corners[] = {{20, 10}, {40, 30}, {20, 50}, {0, 30}};
+    canvas.Polygon(corners);
+    for (const auto& corner : corners)
+        EXPECT_EQ(At(corner.x, corner.y), kRedPixel);
+    EXPECT_EQ(At(30, 20), kRedPixel);
+    EXPECT_EQ(At(20, 30), kBluePixel);
+    EXPECT_EQ(At(20, 15), kBluePixel);
+    EXPECT_EQ(At(2, 12), kWhitePixel);
+    canvas.Cls();
+    canvas.SetFillStyle(FillStyle::kTransparent);
+    canvas.Polygon(corners);
+    EXPECT_EQ(Count(kBluePixel), 0);
+}
+
+TEST_F(ImageCanvasTest, AnExclusiveOrShapeDrawnTwiceLeavesThePictureAsItWas) {
+    canvas.FilledBox(0.0F, 0.0F, 60.0F, 60.0F, kBlueInk);
+    const QImage before = canvas.Image().copy();
+    canvas.SetDrawMode(DrawMode::kExclusiveOr);
+    canvas.SetFillStyle(FillStyle::kSolid);
+    canvas.SetFillColour(0x00FF00);
+    for (const int width : {1, 2, 3}) {
+        canvas.SetDrawWidth(width);
+        const auto draw = [&] {
+            canvas.Line(10.0F, 0.0F, 70.0F, 45.0F, 0xFF0000);
+            canvas.Line(10.0F, 20.0F, 70.0F, 20.0F, 0xFF0000);
+            canvas.Circle(50.0F, 50.0F, 12.0F, 0xFF0000);
+            canvas.Box(30.0F, 30.0F, 90.0F, 70.0F, 0xFF0000);
+        };
+        draw();
+        EXPECT_NE(canvas.Image(), before) << width;
+        draw();
+        EXPECT_EQ(canvas.Image(), before) << width;
+    }
+    // The same marker twice in a row is drawn twice.
+    canvas.Circle(50.0F, 50.0F, 0.5F, 0xFF0000);
+    canvas.Circle(50.0F, 50.0F, 0.5F, 0xFF0000);
+    EXPECT_EQ(canvas.Image(), before);
+}
+
+TEST_F(ImageCanvasTest, PrintsARotatedTextFromBottomToTop) {
+    canvas.SetForeColour(kBlackInk);
+    canvas.MoveTo(0.0F, 0.0F);
+    canvas.SetRotatedFont(40);
+    const int length = canvas.TextWidthPixels("LL");
+    canvas.Print("LL");
+    // The text starts at (50, 240), runs upwards, and has 40 pixels from there to the right.
+    const QImage& image = canvas.Image();
+    int inside = 0, outside = 0, foot = 0, head = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (image.pixel(x, y) != kWhitePixel) {
+                ++(QRect(50, 240 - length, 40, length).contains(x, y) ? inside : outside);
+                ++(x < 70 ? head : foot);
+            }
+    EXPECT_GT(inside, 200);
+    EXPECT_EQ(outside, 0);
+    // The tops of the letters are on the left. An L has its bar at the foot, and none at the head.
+    EXPECT_GT(foot, head);
+}
+
+TEST_F(ImageCanvasTest, SizesARotatedFontByItsCell) {
+    canvas.SetFont(12, true);
+    const float upright = canvas.TextWidth("Fringes");
+    canvas.SetRotatedFont(24);
+    const int length = canvas.TextWidthPixels("Fringes");
+    canvas.SetRotatedFont(48);
+    EXPECT_NEAR(canvas.TextWidthPixels("Fringes"), 2 * length, 0.1 * length);
+    // Widths in page units stay those of the font of SetFont.
+    EXPECT_EQ(canvas.TextWidth("Fringes"), upright);
+    canvas.SetRotatedFont(1);
+    const int smallest = canvas.TextWidthPixels("Fringes");
+    EXPECT_GT(smallest, 0);
+    canvas.SetRotatedFont(-3);
+    EXPECT_EQ(canvas.TextWidthPixels("Fringes"), smallest);
+    canvas.SetFont(12, true);
+    EXPECT_EQ(canvas.TextWidthPixels("Fringes"), std::lround(2.0F * upright));
+}
+
+TEST_F(ImageCanvasTest, TakesASizeOfAFontBelowOneForOne) {
+    canvas.SetFont(1, false);
+    const float smallest = canvas.TextWidth("XX");
+    EXPECT_GT(smallest, 0.0F);
+    canvas.SetFont(0, false);
+    EXPECT_EQ(canvas.TextWidth("XX"), smallest);
+    canvas.SetFont(-32768, false);
+    EXPECT_EQ(canvas.TextWidth("XX"), smallest);
+}
+
+TEST_F(ImageCanvasTest, HasFontsAsManyTimesAsLargeOnADenseScreen) {
+    canvas.SetRotatedFont(40);
+    const int length = canvas.TextWidthPixels("Fringes");
+    canvas.SetFont(20, true);
+    const float width = canvas.TextWidth("Fringes");
+    canvas.SetSize({270, 290}, 2.0);
+    // As many page units, of twice as many pixels each.
+    EXPECT_NEAR(canvas.TextWidth("Fringes"), width, 0.05F * width);
+    canvas.SetRotatedFont(40);
+    EXPECT_NEAR(canvas.TextWidthPixels("Fringes"), 2 * length, 0.1 * length);
+}
+
+TEST_F(ImageCanvasTest, TellsTheHeightOfItsPage) { EXPECT_EQ(canvas.ScaleHeight(), -145.0F); }
 
 TEST_F(ImageCanvasTest, TellsOfManyOperationsOnce) {
     static_cast<void>(canvas.Image());

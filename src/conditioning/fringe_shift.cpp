@@ -1,0 +1,118 @@
+#include "conditioning/fringe_shift.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "output/scan_plots.h"
+#include "plot/plot_request.h"
+#include "plot/plot_window.h"
+#include "plot/show_plot.h"
+#include "store/analysis_store.h"
+#include "store/menus.h"
+#include "store/single.h"
+
+namespace halvern {
+
+namespace {
+
+constexpr std::int32_t kHalfWindow = 2;  // points; five are averaged
+constexpr float kHalfFringe = 0.5F;
+
+void FillGridFromScans() {
+    auto& S = Store();
+    S.GridPoints = S.ScanPoints(1);
+    for (std::int32_t I = 1; I <= S.GridPoints; ++I)
+        S.GridRadius(I) = S.ScanData(I, 1, 1);
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
+        for (std::int32_t I = 1; I <= S.GridPoints; ++I)
+            S.GridSignal(I, K) = Single(static_cast<double>(S.ScanData(I, 2, K)) - S.JitterOffset(K));
+}
+
+void ShowPick() {
+    auto& S = Store();
+    RequestFiller request;
+    for (const std::int32_t K : {1, S.NumFiles / 2, S.NumFiles}) {
+        const auto pointAt = [&](std::int32_t I) { return PlotPoint{S.GridRadius(I), S.GridSignal(I, K)}; };
+        request.Line(1, S.GridPoints, K, pointAt);
+        request.Symbols(1, S.GridPoints, K, pointAt);
+    }
+    PlotitForm().Command1.Show();
+    ShowRequest(request);
+}
+
+/// The point below the first one at or beyond the reference radius; 0 if there is none.
+std::int32_t ReferencePoint() {
+    const auto& S = Store();
+    for (std::int32_t I = 1; I <= S.ScanPoints(1); ++I)
+        if (S.GridRadius(I) >= S.FringeRefRadius)
+            return I - 1;
+    return 0;
+}
+
+float MeanAround(std::int32_t Idx, std::int32_t K) {
+    const auto& S = Store();
+    float Sum = 0.0F;
+    for (std::int32_t J = Idx - kHalfWindow; J <= Idx + kHalfWindow; ++J)
+        Sum = Single(static_cast<double>(Sum) + S.GridSignal(J, K));
+    return Single(Sum / 5.0);
+}
+
+void MoveScan(std::int32_t K, double fringes) {
+    auto& S = Store();
+    for (std::int32_t I = 1; I <= S.ScanPoints(1); ++I)
+        S.GridSignal(I, K) = Single(S.GridSignal(I, K) + fringes);
+    S.JitterOffset(K) = Single(S.JitterOffset(K) - fringes);
+}
+
+}  // namespace
+
+void DoIntShift_Click() {
+    auto& S = Store();
+    SetRequestTexts({"Use <Ctrl>LMB to Set the Point to be used to correct for", "Integer Fringe Shifts", "Radius (cm)",
+                     "Fringes"});
+    S.PickMeniscus = true;
+    S.PickFringePoint = true;
+    S.PlotReady = false;
+    S.PickDataLimits = false;
+    S.PickJitterPoint = false;
+    S.SavedMeniscus = S.Meniscus;
+    FillGridFromScans();
+    PlotitForm().Load();
+    PlotitForm().Hide();
+    ShowPick();
+}
+
+void TakeFringePoint() {
+    auto& S = Store();
+    S.PickFringePoint = false;
+    S.PickMeniscus = false;
+    S.FringeRefRadius = S.Meniscus;
+    S.Meniscus = S.SavedMeniscus;
+    CorrectIntegerFringes();
+}
+
+void CorrectIntegerFringes() {
+    auto& S = Store();
+    const std::int32_t Idx = ReferencePoint();
+    float Ref = MeanAround(Idx, S.NumFiles);
+    for (std::int32_t K = S.NumFiles - 1; K >= 1; --K) {
+        float Cur = MeanAround(Idx, K);
+        for (;;) {
+            const float Diff = Single(static_cast<double>(Cur) - Ref);
+            if (std::fabs(Diff) <= kHalfFringe)
+                break;
+            MoveScan(K, Diff > 0.0F ? -1.0 : 1.0);
+            const float moved = MeanAround(Idx, K);
+            // Beyond the 24 bits of a single a fringe is lost in the rounding, and no number of them closes the gap.
+            if (moved == Cur)
+                break;
+            Cur = moved;
+        }
+        Ref = Cur;
+    }
+    S.FringeCorrected = true;
+    NameCorrections(Corrections::kJitterAndFringes);
+    PlotCorrected_Click();
+}
+
+}  // namespace halvern

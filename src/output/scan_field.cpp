@@ -1,0 +1,81 @@
+#include "output/scan_field.h"
+
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+
+namespace halvern {
+
+namespace {
+
+constexpr Pattern kRadius{"  0.0000"};
+constexpr Pattern kSignal{"  0.0000E+00; -0.0000E+00"};
+
+// A single has 24 significant bits, and 10^k has 24 or fewer besides its factor 2^k for k up to 10: their product is exact
+// in a double, and so is the half added to it. A tie is seen as one, and goes away from zero. What lies closer to a tie
+// than the 15th digit, which Format rounds first, cannot arise within the ranges below.
+constexpr float kLeastSignal = 1E-5F, kBeyondSignal = 1E5F;
+constexpr float kLeastRadius = 1.0F, kBeyondRadius = 10.0F;
+
+constexpr std::array<double, 10> kPowers = {1E0, 1E1, 1E2, 1E3, 1E4, 1E5, 1E6, 1E7, 1E8, 1E9};
+
+void PutPair(char* out, std::uint32_t pair) {
+    out[0] = static_cast<char>('0' + pair / 10);
+    out[1] = static_cast<char>('0' + pair % 10);
+}
+
+/// Five digits with a point behind the first.
+char* PutMantissa(char* out, std::uint32_t digits) {
+    const std::uint32_t fraction = digits % 10000;
+    out[0] = static_cast<char>('0' + digits / 10000);
+    out[1] = '.';
+    PutPair(out + 2, fraction / 100);
+    PutPair(out + 4, fraction % 100);
+    return out + 6;
+}
+
+/// The decimal exponent of a positive number within the range of the fast way.
+int ExponentOf(float value) {
+    constexpr std::array<float, 9> kLeast = {1E4F, 1E3F, 1E2F, 1E1F, 1E0F, 1E-1F, 1E-2F, 1E-3F, 1E-4F};
+    int exponent = 4;
+    for (const float least : kLeast) {
+        if (value >= least)
+            break;
+        --exponent;
+    }
+    return exponent;
+}
+
+}  // namespace
+
+char* RadiusField(char* out, float radius) noexcept {
+    if (!(radius >= kLeastRadius && radius < kBeyondRadius))
+        return FormatTo(out, radius, kRadius);
+    const auto digits = static_cast<std::uint32_t>(static_cast<double>(radius) * 1E4 + 0.5);
+    if (digits >= 100000)
+        return FormatTo(out, radius, kRadius);
+    out[0] = out[1] = ' ';
+    return PutMantissa(out + 2, digits);
+}
+
+char* SignalField(char* out, float signal) noexcept {
+    const float size = std::fabs(signal);
+    if (!(size >= kLeastSignal && size < kBeyondSignal))
+        return FormatTo(out, signal, kSignal);
+    int exponent = ExponentOf(size);
+    auto digits = static_cast<std::uint32_t>(size * kPowers[static_cast<std::size_t>(4 - exponent)] + 0.5);
+    if (digits == 100000) {
+        digits = 10000;
+        ++exponent;
+    }
+    out[0] = ' ';
+    out[1] = signal < 0.0F ? '-' : ' ';
+    out = PutMantissa(out + 2, digits);
+    out[0] = 'E';
+    out[1] = exponent < 0 ? '-' : '+';
+    PutPair(out + 2, static_cast<std::uint32_t>(std::abs(exponent)));
+    return out + 4;
+}
+
+}  // namespace halvern

@@ -1,0 +1,118 @@
+#include "output/scan_tables.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "output/scan_field.h"
+#include "store/analysis_store.h"
+#include "store/file_command.h"
+#include "store/format.h"
+#include "store/single.h"
+#include "store/table_file.h"
+#include "ui/desktop.h"
+
+namespace halvern {
+
+namespace {
+
+struct ScanTable {
+    const char* dialogTitle;
+    const char* title;
+    float (*signal)(std::int32_t J, std::int32_t K);
+    std::size_t longestLine;  ///< characters
+    const char* failure;
+};
+
+/// Raw lines are built in a text of this length; what a line has beyond it is lost.
+constexpr std::size_t kRawLine = 10240;
+
+/// Lines are made side by side, a few points at a time: the scans of one point lie far apart in memory, its neighbours of
+/// the same scan close by.
+constexpr std::int32_t kPointsAtATime = 16;
+
+float RawSignal(std::int32_t J, std::int32_t K) { return Store().ScanData(J, 2, K); }
+
+float CorrectedSignal(std::int32_t J, std::int32_t K) {
+    const auto& S = Store();
+    return Single(static_cast<double>(S.ScanData(J, 2, K)) - S.JitterOffset(K));
+}
+
+constexpr ScanTable kRawTable{"Output Raw Data", "Original (uncorrected) Data", RawSignal, kRawLine,
+                              "Error in Saving Raw Data To Output File!"};
+constexpr ScanTable kCorrectedTable{"Output Jitter + I.F.S. Corrected Data",
+                                    "Jitter & Integral-Fringe-Shift Corrected Data", CorrectedSignal, std::string::npos,
+                                    "Error in Saving Corrected Data To Output File!"};
+
+void WriteLineOf(const ScanTable& table, std::string_view line) { WriteTableLine(line.substr(0, table.longestLine)); }
+
+void WriteHead(const ScanTable& table) {
+    const auto& S = Store();
+    WriteTableOrigin();
+    WriteTableLine(Concat({"number of scans used = ", Format(S.NumFiles, "##0")}));
+    WriteTableLine(table.title);
+    std::string numbers = "    Dataset #001";
+    std::string headings = "  R (cm)     Conc.";
+    for (std::int32_t K = 2; K <= S.NumFiles; ++K) {
+        numbers += Concat({"        Dataset #", Format(K, "000")});
+        headings += "    R (cm)     Conc.";
+    }
+    WriteLineOf(table, numbers);
+    WriteLineOf(table, headings);
+}
+
+std::int32_t MostPointsOfAScan() {
+    const auto& S = Store();
+    std::int32_t MaxPoints = S.ScanPoints(1);
+    for (std::int32_t K = 2; K <= S.NumFiles; ++K)
+        MaxPoints = std::max<std::int32_t>(MaxPoints, S.ScanPoints(K));
+    return MaxPoints;
+}
+
+void AppendPoint(std::string& line, float radius, float signal) {
+    char fields[2 * kScanFieldRoom];
+    char* const end = SignalField(RadiusField(fields, radius), signal);
+    line.append(fields, end);
+}
+
+/// Lines of the points `first` to `last`; `lines` are as many texts that are used again and again.
+void WritePoints(const ScanTable& table, std::int32_t first, std::int32_t last,
+                 std::array<std::string, kPointsAtATime>& lines) {
+    const auto& S = Store();
+    for (std::string& line : lines)
+        line.clear();
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
+        for (std::int32_t J = first; J <= last; ++J)
+            AppendPoint(lines[static_cast<std::size_t>(J - first)], S.ScanData(J, 1, K), table.signal(J, K));
+    for (std::int32_t J = first; J <= last; ++J)
+        WriteLineOf(table, lines[static_cast<std::size_t>(J - first)]);
+}
+
+void WriteTable(const ScanTable& table) {
+    ChooseTableFile(table.dialogTitle);
+    DoEvents();
+    DoEvents();
+    MousePointer(kPointerHourglass);
+    OpenTableFile();
+    WriteHead(table);
+    std::array<std::string, kPointsAtATime> lines;
+    const std::int32_t MaxPoints = MostPointsOfAScan();
+    for (std::int32_t first = 1; first <= MaxPoints; first += kPointsAtATime)
+        WritePoints(table, first, std::min(first + kPointsAtATime - 1, MaxPoints), lines);
+    CloseTableFile();
+    MousePointer(kPointerNormal);
+}
+
+}  // namespace
+
+void RawDataOut_Click() {
+    RunFileCommand([] { WriteTable(kRawTable); }, kRawTable.failure);
+}
+
+void CorrectedDataOut_Click() {
+    RunFileCommand([] { WriteTable(kCorrectedTable); }, kCorrectedTable.failure);
+}
+
+}  // namespace halvern

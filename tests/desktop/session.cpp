@@ -1,0 +1,105 @@
+#include "desktop/session.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+#include <algorithm>
+#include <filesystem>
+
+#include "store/menus.h"
+#include "support/test_desktop.h"
+
+namespace halvern::test {
+
+Session::Session() {
+    std::filesystem::create_directories(folder.Path() / "run");
+    std::filesystem::permissions(folder.Path() / "run", std::filesystem::perms::owner_all);
+    qputenv("XDG_RUNTIME_DIR", (folder.Path() / "run").c_str());
+}
+
+std::vector<std::string> Session::Report(User& user) {
+    return user.Look([] { return ReportLines(); });
+}
+
+std::vector<std::string> Session::ReportFrom(User& user, std::size_t first) {
+    const auto all = Report(user);
+    return {all.begin() + static_cast<std::ptrdiff_t>(std::min(first, all.size())), all.end()};
+}
+
+void Session::Start(User& user) {
+    FindWindow("HalvernV0.99");
+    user.AwaitWindow(kMainWindow);
+}
+
+void Session::Exit(User& user) {
+    user.Press("alt+F4");
+    user.AwaitWindow("Halvern");
+    user.Press("y");
+}
+
+void Session::ChooseList(User& user, const std::string& path) {
+    user.Choose('f', "g");
+    user.AwaitWindow("Get List File");
+    user.Type(path);
+    user.Await("the whole path", [path = QString::fromStdString(path)] {
+        auto* name = QApplication::activeWindow()->findChild<QLineEdit*>("fileNameEdit");
+        return name != nullptr && name->text() == path;
+    });
+}
+
+void Session::Load(User& user, const std::string& path) {
+    ChooseList(user, path);
+    user.Press("Return");
+    user.Await("the data set", [] { return Menus().OutputMenu.IsEnabled(); });
+}
+
+void Session::ChooseItems(User& user, char menu, const std::vector<const MenuItem*>& items) {
+    user.AwaitWindow(kMainWindow);
+    user.Press(std::string("alt+") + menu);
+    user.Await("the menu", [] { return QApplication::activePopupWidget() != nullptr; });
+    for (const MenuItem* item : items) {
+        QPoint place;
+        user.Await("the item " + item->Caption(), [&place, caption = QString::fromStdString(item->Caption())] {
+            auto* popup = dynamic_cast<QMenu*>(QApplication::activePopupWidget());
+            for (QAction* action : popup == nullptr ? QList<QAction*>() : popup->actions())
+                if (action->text() == caption && action->isVisible()) {
+                    place = popup->mapToGlobal(popup->actionGeometry(action).center());
+                    return true;
+                }
+            return false;
+        });
+        user.Click(place);
+    }
+}
+
+void Session::TurnToMainWindow(User& user) {
+    ActivateWindow(FindWindow(kMainWindow));
+    user.AwaitWindow(kMainWindow);
+}
+
+QPoint Session::FileMenuOf(User& user) {
+    return user.Look([] {
+        QPoint place;
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            if (const auto* bar = window->findChild<QMenuBar*>(); bar != nullptr && window->isVisible())
+                place = bar->mapToGlobal(bar->actionGeometry(bar->actions().constFirst()).center());
+        return place;
+    });
+}
+
+void Session::ActivateBox(User& user, const std::string& title) {
+    ActivateWindow(FindWindow(title));
+    user.AwaitWindow(title);
+}
+
+QString Session::TextOfBox(User& user) {
+    return user.Look([] {
+        auto* box = dynamic_cast<QMessageBox*>(QApplication::activeModalWidget());
+        return box == nullptr ? QString() : box->text();
+    });
+}
+
+}  // namespace halvern::test
