@@ -57,11 +57,18 @@ float MeanAround(std::int32_t Idx, std::int32_t K) {
     return Single(Sum / 5.0);
 }
 
-void MoveScan(std::int32_t K, double fringes) {
+/// Result    false if no point has moved: beyond the 24 bits of a single a fringe is lost in the rounding
+bool MoveScan(std::int32_t K, double fringes) {
     auto& S = Store();
-    for (std::int32_t I = 1; I <= S.ScanPoints(1); ++I)
-        S.GridSignal(I, K) = Single(S.GridSignal(I, K) + fringes);
-    S.JitterOffset(K) = Single(S.JitterOffset(K) - fringes);
+    bool moved = false;
+    for (std::int32_t I = 1; I <= S.ScanPoints(1); ++I) {
+        const float before = S.GridSignal(I, K);
+        S.GridSignal(I, K) = Single(before + fringes);
+        moved = moved || S.GridSignal(I, K) != before;
+    }
+    if (moved)
+        S.JitterOffset(K) = Single(S.JitterOffset(K) - fringes);
+    return moved;
 }
 
 }  // namespace
@@ -101,12 +108,9 @@ void CorrectIntegerFringes() {
             const float Diff = Single(static_cast<double>(Cur) - Ref);
             if (std::fabs(Diff) <= kHalfFringe)
                 break;
-            MoveScan(K, Diff > 0.0F ? -1.0 : 1.0);
-            const float moved = MeanAround(Idx, K);
-            // Beyond the 24 bits of a single a fringe is lost in the rounding, and no number of them closes the gap.
-            if (moved == Cur)
+            if (!MoveScan(K, Diff > 0.0F ? -1.0 : 1.0))
                 break;
-            Cur = moved;
+            Cur = MeanAround(Idx, K);
         }
         Ref = Cur;
     }

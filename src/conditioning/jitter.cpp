@@ -19,10 +19,10 @@ constexpr std::int32_t kHalfWindow = 10;  // points; an offset is the mean of 21
 /// The scans of the pick: the first, one in the middle, the last.
 std::array<std::int32_t, 3> ScansOfPick() { return {1, Store().NumFiles / 2, Store().NumFiles}; }
 
-/// First half of the three scans with their menisci brought to that of scan 1. `signalAt` gives the signal of point I of
-/// scan K.
+/// The request of the first half of the three scans with their menisci brought to that of scan 1. `signalAt` gives the
+/// signal of point I of scan K.
 template <class SignalAt>
-void ShowPick(SignalAt signalAt) {
+RequestFiller RequestPick(SignalAt signalAt) {
     auto& S = Store();
     RequestFiller request;
     for (const std::int32_t K : ScansOfPick()) {
@@ -36,7 +36,7 @@ void ShowPick(SignalAt signalAt) {
         request.Line(1, H, K, pointAt);
         request.Symbols(1, H, K, pointAt);
     }
-    ShowRequest(request);
+    return request;
 }
 
 /// First point of a scan at or beyond a radius; 1 if there is none.
@@ -72,7 +72,7 @@ void SetJitterLimits_Click() {
     PlotitForm().Load();
     S.SavedMeniscus = S.Meniscus;
     S.Meniscus = S.JitterCorrected ? S.JitterRefRadius : S.ScanMeniscus(1);
-    ShowPick([&](std::int32_t I, std::int32_t K) { return S.ScanData(I, 2, K); });
+    ShowRequest(RequestPick([&](std::int32_t I, std::int32_t K) { return S.ScanData(I, 2, K); }));
     PlotitForm().Command1.Show();
     PlotitForm().TestIt.Show();
 }
@@ -84,9 +84,11 @@ void TestIt_Click() {
     S.JitterRefRadius = S.Meniscus;
     for (const std::int32_t K : ScansOfPick())
         TakeOffset(K, Single(static_cast<double>(S.JitterRefRadius) + S.ScanMeniscus(K) - S.ScanMeniscus(1)));
-    ShowPick([&](std::int32_t I, std::int32_t K) {
+    const auto corrected = [&](std::int32_t I, std::int32_t K) {
         return Single(static_cast<double>(S.ScanData(I, 2, K)) - S.JitterOffset(K));
-    });
+    };
+    RequestPick(corrected).Finish();
+    ShowPlot(false);
 }
 
 void ApplyJitterCorrection() {

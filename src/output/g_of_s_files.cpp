@@ -39,8 +39,7 @@ void WriteHead() {
 
 void WriteCorrectedRate() {
     const auto& S = Store();
-    ChooseTableFile("Keld (corrected) Output");
-    OpenTableFile();
+    OpenTableFile(AskForTableFile("Keld (corrected) Output"));
     WriteHead();
     WriteTrimmed("   s*(svedbergs)   <dc/dt>        S.E.M.");
     for (std::int32_t I = FirstPointInUse(); I <= LastPointInUse(); ++I)
@@ -51,8 +50,7 @@ void WriteCorrectedRate() {
 
 void WriteDistributions(const DistributionAverages& interacting, const DistributionAverages& nonInteracting) {
     const auto& S = Store();
-    ChooseTableFile("Keld G-of-S Output");
-    OpenTableFile();
+    OpenTableFile(AskForTableFile("Keld G-of-S Output"));
     WriteHead();
     WriteTableLine("Distribution Averages for Interacting Systems");
     for (const auto& line : AverageLinesOfInteracting(interacting))

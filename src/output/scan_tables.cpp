@@ -9,6 +9,7 @@
 #include "output/scan_field.h"
 #include "store/analysis_store.h"
 #include "store/file_command.h"
+#include "store/fixed_text.h"
 #include "store/format.h"
 #include "store/single.h"
 #include "store/table_file.h"
@@ -71,10 +72,17 @@ std::int32_t MostPointsOfAScan() {
     return MaxPoints;
 }
 
-void AppendPoint(std::string& line, float radius, float signal) {
-    char fields[2 * kScanFieldRoom];
-    char* const end = SignalField(RadiusField(fields, radius), signal);
-    line.append(fields, end);
+/// A line that has grown too long is cut, and loses the blanks at its end before the next field follows.
+void Append(const ScanTable& table, std::string& line, const char* field, const char* end) {
+    line.append(field, end);
+    if (line.size() > table.longestLine)
+        line.resize(RightTrimmed(std::string_view(line).substr(0, table.longestLine)).size());
+}
+
+void AppendPoint(const ScanTable& table, std::string& line, float radius, float signal) {
+    char field[kScanFieldRoom];
+    Append(table, line, field, RadiusField(field, radius));
+    Append(table, line, field, SignalField(field, signal));
 }
 
 /// Lines of the points `first` to `last`; `lines` are as many texts that are used again and again.
@@ -85,17 +93,17 @@ void WritePoints(const ScanTable& table, std::int32_t first, std::int32_t last,
         line.clear();
     for (std::int32_t K = 1; K <= S.NumFiles; ++K)
         for (std::int32_t J = first; J <= last; ++J)
-            AppendPoint(lines[static_cast<std::size_t>(J - first)], S.ScanData(J, 1, K), table.signal(J, K));
+            AppendPoint(table, lines[static_cast<std::size_t>(J - first)], S.ScanData(J, 1, K), table.signal(J, K));
     for (std::int32_t J = first; J <= last; ++J)
         WriteLineOf(table, lines[static_cast<std::size_t>(J - first)]);
 }
 
 void WriteTable(const ScanTable& table) {
-    ChooseTableFile(table.dialogTitle);
+    const std::string chosen = AskForTableFile(table.dialogTitle);
     DoEvents();
     DoEvents();
     MousePointer(kPointerHourglass);
-    OpenTableFile();
+    OpenTableFile(chosen);
     WriteHead(table);
     std::array<std::string, kPointsAtATime> lines;
     const std::int32_t MaxPoints = MostPointsOfAScan();

@@ -1,3 +1,5 @@
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 
@@ -36,6 +38,18 @@ class Progress {
     int tenths_ = 0;
 };
 
+/// One axis as the points need it, at hand for each of two million.
+struct AxisView {
+    AxisView(float axisMin, float axisMax, float scale) : min(axisMin), max(axisMax), origin(axisMin), perUnit(scale) {}
+
+    float PageAt(float value) const { return Single((value - origin) * perUnit); }
+    bool HasInside(float value) const { return min < value && value < max; }
+    bool Has(float value) const { return min <= value && value <= max; }
+
+    float min, max;
+    double origin, perUnit;
+};
+
 /// Draws the points of one picture one after the other.
 ///
 /// The clipping of lines is rough on purpose: beyond top and bottom a line runs along the edge, at the right it ends with
@@ -43,16 +57,21 @@ class Progress {
 class PointPen {
   public:
     PointPen(const PlotDrawing& drawing, float markerRadius)
-        : drawing_(drawing), canvas_(drawing.canvas), plot_(drawing.plot), markerRadius_(markerRadius) {}
+        : canvas_(drawing.canvas),
+          x_(drawing.plot.XAxisMin, drawing.plot.XAxisMax, drawing.plot.XScale),
+          y_(drawing.plot.YAxisMin, drawing.plot.YAxisMax, drawing.plot.YScale),
+          markerRadius_(markerRadius) {
+        for (std::int32_t i = 0; i < kColoursOfPoints; ++i)
+            colours_[static_cast<std::size_t>(i)] = Store().PlotColor(i);
+    }
 
     void Marker(float x, float y, std::int32_t code) {
-        const bool inside = plot_.XAxisMin < x && x < plot_.XAxisMax && plot_.YAxisMin < y && y < plot_.YAxisMax;
-        if (!inside)
+        if (!x_.HasInside(x) || !y_.HasInside(y))
             return;
-        const Colour colour = Store().PlotColor(code % kColoursOfPoints);
+        const Colour colour = ColourOf(code);
         canvas_.SetFillColour(colour);
         canvas_.SetForeColour(colour);
-        canvas_.Circle(drawing_.PageX(x), drawing_.PageY(y), markerRadius_, colour);
+        canvas_.Circle(x_.PageAt(x), y_.PageAt(y), markerRadius_, colour);
     }
 
     void LinePoint(float x, float y, std::int32_t code) {
@@ -60,24 +79,26 @@ class PointPen {
         if ((a & 63) == kPenUpCommand)
             PenUp_ = true;
         if (!PenUp_) {
-            if (x <= plot_.XAxisMax)
-                canvas_.LineTo(drawing_.PageX(x), ClampedY(y), Store().PlotColor((a / 64) % kColoursOfPoints));
-        } else if (drawing_.OnXAxis(x)) {
+            if (x <= x_.max)
+                canvas_.LineTo(x_.PageAt(x), ClampedY(y), ColourOf(a / 64));
+        } else if (x_.Has(x)) {
             PenUp_ = false;
-            canvas_.MoveTo(drawing_.PageX(x), ClampedY(y));
+            canvas_.MoveTo(x_.PageAt(x), ClampedY(y));
         }
     }
 
   private:
+    Colour ColourOf(std::int32_t number) const { return colours_[static_cast<std::size_t>(number % kColoursOfPoints)]; }
+
     float ClampedY(float y) const {
-        if (y < plot_.YAxisMin)
+        if (y < y_.min)
             return 0.0F;
-        return y > plot_.YAxisMax ? kBox : drawing_.PageY(y);
+        return y > y_.max ? kBox : y_.PageAt(y);
     }
 
-    const PlotDrawing& drawing_;
     Canvas& canvas_;
-    const PlotWindow& plot_;
+    AxisView x_, y_;
+    std::array<Colour, kColoursOfPoints> colours_{};
     float markerRadius_;
     bool PenUp_ = false;
 };
@@ -90,13 +111,16 @@ void DrawPoints(const PlotDrawing& drawing, float markerRadius) {
     const bool lines = !S.OmitLines;
     Progress progress(S.PlotCount);
     PointPen pen(drawing, markerRadius);
-    for (std::int32_t i = 1; i <= S.PlotCount; ++i) {
-        progress.Reached(i);
-        const std::int32_t c = S.PlotSym(i);
+    const auto count = static_cast<std::size_t>(S.PlotCount);
+    const auto X = S.PlotX.Elements().first(count), Y = S.PlotY.Elements().first(count);
+    const auto Sym = S.PlotSym.Elements().first(count);
+    for (std::size_t i = 0; i < count; ++i) {
+        progress.Reached(static_cast<std::int32_t>(i) + 1);
+        const std::int32_t c = Sym[i];
         if (c > 0 && symbols)
-            pen.Marker(S.PlotX(i), S.PlotY(i), c);
+            pen.Marker(X[i], Y[i], c);
         else if (c < 0 && lines)
-            pen.LinePoint(S.PlotX(i), S.PlotY(i), c);
+            pen.LinePoint(X[i], Y[i], c);
     }
 }
 

@@ -8,16 +8,17 @@
 
 namespace halvern {
 
-void ChooseTableFile(std::string_view title) {
-    Store().OutFileName = ChooseNewFile({.title = std::string(title),
-                                         .filter = "Output File | *.*",
-                                         .flags = kAskBeforeOverwriting + kAskBeforeCreating,
-                                         .defaultExtension = {},
-                                         .fileName = {}});
+std::string AskForTableFile(std::string_view title) {
+    return ChooseNewFile({.title = std::string(title),
+                          .filter = "Output File | *.*",
+                          .flags = kAskBeforeOverwriting + kAskBeforeCreating,
+                          .defaultExtension = {},
+                          .fileName = {}});
 }
 
-void OpenTableFile() {
+void OpenTableFile(const std::string& chosen) {
     auto& S = Store();
+    S.OutFileName = chosen;
     S.FileNum = FreeFile();
     OpenForOutput(S.FileNum, S.OutFileName);
 }

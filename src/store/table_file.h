@@ -1,17 +1,18 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace halvern {
 
-/// Asks where to save a table: `OutFileName`.
+/// Asks where to save a table. Returns the path.
 ///
 /// Given     title   of the file dialog
 /// Fails     32755 when the user cancels
-void ChooseTableFile(std::string_view title);
+std::string AskForTableFile(std::string_view title);
 
-/// Opens the file chosen, under a free number: `FileNum`. Fails as OpenForOutput.
-void OpenTableFile();
+/// Opens the file chosen, `OutFileName`, under a free number, `FileNum`. Fails as OpenForOutput.
+void OpenTableFile(const std::string& chosen);
 
 /// A line of the open table.
 void WriteTableLine(std::string_view line);

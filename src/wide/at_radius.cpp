@@ -78,8 +78,8 @@ void CorrectForDilution(const Course& course, std::int16_t ScanCount, const Scan
     for (Series* series : {&Ga, &G0, &Ss, &Integ})
         series->Fill(0.0F);
     for (std::int32_t J = 1; J <= ScanCount; ++J) {
-        Ga(J) = G0(J) = Single(GValues(J) * kPerSvedberg);
-        Ss(J) = Single(SValues(J) * kSvedberg);
+        Ga(J) = G0(J) = Single(GValues(J) * 1E13);
+        Ss(J) = Single(SValues(J) * 1E-13);
     }
     for (int pass = 1; pass <= kDilutionPasses; ++pass) {
         Integrate(Ss, Ga, ScanCount, Integ);
@@ -88,7 +88,7 @@ void CorrectForDilution(const Course& course, std::int16_t ScanCount, const Scan
                 Ga(J) = Single(G0(J) - (Extended{course.W(J)} / Ss(J)) * (Extended{Integ(J)} + Integ(J)));
     }
     for (std::int32_t J = 1; J <= ScanCount; ++J)
-        GValues(J) = Single(Ga(J) * kSvedberg);
+        GValues(J) = Single(Ga(J) * 1E-13);
 }
 
 }  // namespace

@@ -38,8 +38,9 @@ class WideRequest {
     // Kept: the line to a point takes the speed run of the point before it.
     void Line(std::int32_t K) {
         const auto& S = Store();
-        for (std::int32_t J = 2; J <= S.NumFiles; ++J)
-            Put(J, K, J == 2 ? kPenUp : LineCode(S.ScanSpeedIndex(S.NumFiles - J + 3)));
+        Put(2, K, kPenUp);
+        for (std::int32_t J = 3; J <= S.NumFiles; ++J)
+            Put(J, K, LineCode(S.ScanSpeedIndex(S.NumFiles - J + 3)));
         count_ = ToInteger16(count_ + S.NumFiles - 1.0);
     }
 

@@ -8,7 +8,7 @@ namespace halvern {
 
 namespace {
 
-/// One pass, from Y to Values. `RaisedBy` and `Mean` store singles.
+/// One pass, from Y to Values.
 class Pass {
   public:
     Pass(ScanCurve& Values, const ScanCurve& Y, std::int32_t Count, std::int32_t Window)

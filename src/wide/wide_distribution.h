@@ -36,7 +36,7 @@ void InterpolateToGrid(Curve& Radii, Curve& Values, std::int16_t PointsIn, std::
 ///           Radius          cm; becomes the first radius of the grid at or beyond it
 /// Result    SValues         Svedbergs, midway between neighbouring scans, J = 2 .. Scans
 ///           GValues         per Svedberg, J = 1 .. Scans
-/// Rounding  worked in extended precision, each store a single
+/// Rounding  derivative and dilution are worked in extended precision, each store a single
 /// Note      the eleven points averaged lie one point to the side of the meniscus
 void WideAtRadius(const BoundedArray<float, Points>& Radii, const BoundedArray<float, Points, Scans>& Signal,
                   std::int16_t ScanCount, std::int16_t PointCount, float& Radius, ScanCurve& SValues,

@@ -88,8 +88,7 @@ void WriteRow(const WideTable& table, std::int32_t J, const std::vector<std::int
 }
 
 void WriteTable(const WideTable& table) {
-    ChooseTableFile(table.dialogTitle);
-    OpenTableFile();
+    OpenTableFile(AskForTableFile(table.dialogTitle));
     WritePreamble(table);
     if (table.prepare != nullptr)
         table.prepare();

@@ -75,6 +75,14 @@ TEST_F(FringeShift, BringsEachScanToItsSuccessor) {
     EXPECT_EQ(M.PlotCorrected.Caption(), "&Corrected for Jitter and Interger Fringe Shift");
 }
 
+TEST_F(FringeShift, MovesThePointsOfTheFirstScansLengthAlone) {
+    Jumps({2.0F, 0.0F, 0.0F, 0.0F, 0.0F});
+    S.GridSignal(62, 1) = 42.0F;
+    CorrectAt(30);
+    EXPECT_EQ(S.GridSignal(61, 1), 0.0625F * 61.0F);
+    EXPECT_EQ(S.GridSignal(62, 1), 42.0F);
+}
+
 TEST_F(FringeShift, LeavesHalfAFringe) {
     Jumps({0.0F, 0.5F, 0.0F, -0.5F, 0.0F});
     CorrectAt(30);
@@ -134,6 +142,7 @@ TEST_F(FringeShift, EndsWhereAFringeIsLostInTheRounding) {
     Jumps({0.0F, 0.0F, 0.0F, 1E9F, 0.0F});
     CorrectAt(30);
     EXPECT_TRUE(S.FringeCorrected);
+    EXPECT_EQ(S.JitterOffset(4), 0.0F);
 }
 
 TEST_F(FringeShift, IsRemovedWithTheJitterCorrection) {

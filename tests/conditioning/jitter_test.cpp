@@ -187,8 +187,18 @@ TEST_F(Jitter, LeavesThePreviewedOffsetsWithoutDone) {
     S.PlotDialogOK = true;
     M.PlotRaw.Click();
     EXPECT_FALSE(S.PickJitterPoint);
-    EXPECT_EQ(S.JitterOffset(1), Ramp(20, 1));
+    for (const std::int32_t K : {1, 2, 5})
+        EXPECT_EQ(S.JitterOffset(K), Ramp(20, K));
     EXPECT_FALSE(S.JitterCorrected);
+}
+
+TEST_F(Jitter, KeepsTheAxisOfLnSInItsPreview) {
+    Signals(Ramp);
+    M.SetJitterLimits.Click();
+    Pick(RadiusOf(20));
+    S.PlotLnAxis = true;  // a plot of the wide distribution has been called meanwhile
+    plot.TestIt.Click();
+    EXPECT_TRUE(S.PlotLnAxis);
 }
 
 }  // namespace

@@ -155,9 +155,10 @@ TEST_F(WideDistributionTest, HoldsRadiusKAgainstTheMeniscusOfScanK) {
 
 TEST_F(WideDistributionTest, HoldsRadiiBeyondTheLastScanAgainstTheDefaultMeniscus) {
     MakeScans(5);
+    S.ScanMeniscus(8) = 6.9F;
     Calculate();
     for (std::int32_t K = 1; K <= 11; ++K)
-        EXPECT_TRUE(S.WDRadiusValid(K)) << K;
+        EXPECT_EQ(S.WDRadiusValid(K), K != 8) << K;
 }
 
 TEST_F(WideDistributionTest, KeepsTheColumnsOfARadiusThatIsLeftOut) {
