@@ -63,6 +63,8 @@ PlotWindow::PlotWindow() : Form("Plotit", "Quillon V2.0", kDesign) {
     Add("OutFileLbl", OutFileLbl, kFileLabel);
     XYCoords.Hold(XYLabel);
     XYCoords.Hold(OutFileLbl);
+    SetSpokenName("Plot");
+    XYLabel.SetSpokenName("X,Y read-out");
     Command1.Hide();
     TestIt.Hide();
     TieHandlers();

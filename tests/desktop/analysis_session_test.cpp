@@ -9,7 +9,6 @@
 #include <fstream>
 #include <iterator>
 
-#include "desktop/moving_boundary.h"
 #include "desktop/plot_session.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
@@ -18,16 +17,39 @@
 namespace halvern {
 namespace {
 
-/// The analysis of one data set from its list to a file of g(s*).
+constexpr int kScansOfSample = 16;
+
+/// The analysis of the sample from its list to its two files.
 struct Analysis : test::PlotSession {
+    /// The scans of the sample, made as a user has them made. Returns the path of their list.
+    std::string MakeSample() const {
+        const auto made =
+            test::RunCommand(HALVERN_SAMPLES "/make " HALVERN_SIMULATE " '" + folder.Path().string() + "'");
+        EXPECT_EQ(made.status, 0) << made.output;
+        return (folder.Path() / "middle.LST").string();
+    }
+    void Save(test::User& user, const MenuItem& item, const char* title, const char* name) {
+        ChooseItems(user, 'o', {&Menus().KeldOut, &item});
+        user.AwaitWindow(title);
+        user.Type((folder.Path() / name).string());
+        user.Press("Return");
+        user.Await("the question whether to create it", [] {
+            return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr &&
+                   QApplication::activeWindow() == QApplication::activeModalWidget();
+        });
+        EXPECT_TRUE(TextOfBox(user).endsWith("does not exist.\nDo you want to create it?"));
+        user.Press("y");
+        user.AwaitNoWindow(title);
+        user.AwaitWindow("Halvern V0.99");
+    }
     static std::string ContentOf(const std::filesystem::path& file) {
         std::ifstream in(file, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }
 };
 
-TEST_F(Analysis, OfAMovingBoundaryComesOutAsInItsReplay) {
-    const std::string list = test::WriteMovingBoundary(folder);
+TEST_F(Analysis, OfTheSampleComesOutAsInItsReplay) {
+    const std::string list = MakeSample();
     PlotPlace zero, lower, upper;
     float zeroLevel = 0.0F, lowerLimit = 0.0F, upperLimit = 0.0F;
 
@@ -45,10 +67,10 @@ TEST_F(Analysis, OfAMovingBoundaryComesOutAsInItsReplay) {
         user.AwaitNoWindow("Value for Radius");
         user.AwaitWindow("Set Meniscus Position");
         user.Press("ctrl+a");
-        user.Type("5.98");
+        user.Type("5.95");
         user.Press("Return");
         user.AwaitNoWindow("Set Meniscus Position");
-        EXPECT_EQ(user.Look([] { return Store().ScanMeniscus(test::kMovingScans); }), 5.98F);
+        EXPECT_EQ(user.Look([] { return Store().ScanMeniscus(kScansOfSample); }), 5.95F);
 
         ChooseItems(user, 'd', {&Menus().KeldIt});
         user.AwaitWindow(test::kPlotWindow);
@@ -81,17 +103,17 @@ TEST_F(Analysis, OfAMovingBoundaryComesOutAsInItsReplay) {
         user.AwaitWindow(test::kPlotWindow);
         user.Await("the pick", [] { return PlotShows("for calculating g(s*)") && PlotitForm().Command1.IsShown(); });
         const float before = user.Look([] { return Store().DataLimitMax; });
-        lower = PlaceAtData(user, 2.0);
-        upper = PlaceAtData(user, 7.0);
+        lower = PlaceAtData(user, 1.0);
+        upper = PlaceAtData(user, 10.0);
         ClickWith(user, "ctrl", 1, lower.onScreen);
-        user.Await("the lower limit", [] { return Store().DataLimitMin > 1.0F; });
+        user.Await("the lower limit", [] { return Store().DataLimitMin > 0.5F; });
         ClickWith(user, "ctrl", 3, upper.onScreen);
         user.Await("the upper limit", [before] { return Store().DataLimitMax < before; });
         user.Photograph("a7-limits");
         lowerLimit = user.Look([] { return Store().DataLimitMin; });
         upperLimit = user.Look([] { return Store().DataLimitMax; });
-        EXPECT_NEAR(lowerLimit, 2.0F, 0.02F);  // a pixel is about 0.015 Svedbergs
-        EXPECT_NEAR(upperLimit, 7.0F, 0.02F);
+        EXPECT_NEAR(lowerLimit, 1.0F, 0.03F);  // a pixel is about 0.02 Svedbergs
+        EXPECT_NEAR(upperLimit, 10.0F, 0.03F);
         PressDone(user);
         user.Await("the distribution", [] { return PlotShows("(un-normalized uncorrected distribution)"); });
         user.AwaitWindow(test::kPlotWindow);
@@ -104,39 +126,32 @@ TEST_F(Analysis, OfAMovingBoundaryComesOutAsInItsReplay) {
         user.Press("Return");
         user.AwaitNoWindow("Distribution Averages");
 
-        ChooseItems(user, 'o', {&Menus().KeldOut, &Menus().KeldOutGofS});
-        user.AwaitWindow("Keld G-of-S Output");
-        user.Type((folder.Path() / "by-hand.dat").string());
-        user.Press("Return");
-        user.Await("the question whether to create it", [] {
-            return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr &&
-                   QApplication::activeWindow() == QApplication::activeModalWidget();
-        });
-        EXPECT_TRUE(TextOfBox(user).endsWith("does not exist.\nDo you want to create it?"));
-        user.Press("y");
-        user.AwaitNoWindow("Keld G-of-S Output");
-        user.AwaitWindow("Halvern V0.99");
+        Save(user, Menus().KeldOutCorrected, "Keld (corrected) Output", "dcdt-by-hand.txt");
+        Save(user, Menus().KeldOutGofS, "Keld G-of-S Output", "gofs-by-hand.txt");
         Exit(user);
     });
     EXPECT_EQ(status, 0);
 
     folder.Write("replay.session",
-                 "click GetListNow\nchoose moving.LST\nclick Set_MenManually\n"
-                 "type Text1 5.98\nclick IsOK\nclick KeldIt\nclick SetKeldZero\n"
+                 "click GetListNow\nchoose middle.LST\nclick Set_MenManually\n"
+                 "type Text1 5.95\nclick IsOK\nclick KeldIt\nclick SetKeldZero\n"
                  "mouse left+ctrl " +
                      zero.x + " " + zero.y +
                      "\nclick Plotit.Command1\nclick DoGofS\n"
                      "mouse left+ctrl " +
                      lower.x + " " + lower.y + "\nmouse right+ctrl " + upper.x + " " + upper.y +
                      "\nprint plot\nclick Plotit.Command1\nclick ShowSAve\nclick Command1\n"
-                     "click KeldOutGofS\nchoose by-replay.dat\n");
+                     "click KeldOutCorrected\nchoose dcdt-by-replay.txt\n"
+                     "click KeldOutGofS\nchoose gofs-by-replay.txt\n");
     QProcess replay;
     replay.start(HALVERN_REPLAY, QStringList{"replay.session"});
     ASSERT_TRUE(replay.waitForFinished(60000));
     EXPECT_EQ(replay.exitCode(), 0) << replay.readAllStandardError().toStdString();
-    const std::string byHand = ContentOf(folder.Path() / "by-hand.dat");
-    EXPECT_GT(byHand.size(), 1000U);
-    EXPECT_EQ(byHand, ContentOf(folder.Path() / "by-replay.dat"));
+    for (const std::string name : {"dcdt", "gofs"}) {
+        const std::string byHand = ContentOf(folder.Path() / (name + "-by-hand.txt"));
+        EXPECT_GT(byHand.size(), 1000U);
+        EXPECT_EQ(byHand, ContentOf(folder.Path() / (name + "-by-replay.txt")));
+    }
     const std::string told = replay.readAllStandardOutput().toStdString();
     EXPECT_NE(told.find("plot: DataLimitMin " + NineDigits(lowerLimit) + "\n"), std::string::npos) << told;
     EXPECT_NE(told.find("plot: DataLimitMax " + NineDigits(upperLimit) + "\n"), std::string::npos) << told;
