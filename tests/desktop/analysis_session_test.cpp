@@ -31,7 +31,7 @@ struct Analysis : test::PlotSession {
     void Save(test::User& user, const MenuItem& item, const char* title, const char* name) {
         ChooseItems(user, 'o', {&Menus().KeldOut, &item});
         user.AwaitWindow(title);
-        user.Type((folder.Path() / name).string());
+        TypePath(user, (folder.Path() / name).string());
         user.Press("Return");
         user.Await("the question whether to create it", [] {
             return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr &&

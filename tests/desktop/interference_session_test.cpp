@@ -73,7 +73,7 @@ struct Interference : test::PlotSession {
         TurnToMainWindow(user);
         ChooseItems(user, 'o', items);
         user.AwaitWindow(title);
-        user.Type((folder.Path() / name).string());
+        TypePath(user, (folder.Path() / name).string());
         user.Press("Return");
         user.Await("the question whether to create it",
                    [] { return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; });

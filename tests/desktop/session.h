@@ -31,6 +31,8 @@ struct Session : ::testing::Test {
 
     /// File, "Get Files": types a path into the dialog.
     static void ChooseList(User& user, const std::string& path);
+    /// Types a path into the file dialog that is open.
+    static void TypePath(User& user, const std::string& path);
     /// Chooses a list and awaits its data set.
     static void Load(User& user, const std::string& path);
 

@@ -82,7 +82,7 @@ std::string User::Do(const std::string& arguments) {
 
 void User::Press(const std::string& keys) { Do("key --delay 20 " + keys); }
 
-void User::Type(const std::string& text) { Do("type --delay 5 " + Quoted(text)); }
+void User::Type(const std::string& text) { Do("type --delay 12 " + Quoted(text)); }
 
 void User::Click(QPoint place) {
     Do("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " click 1");
@@ -106,6 +106,11 @@ void User::AwaitNoWindow(const std::string& title) {
 }
 
 void User::Await(const std::string& what, std::function<bool()> condition) {
+    if (!Comes(what, std::move(condition), kPatience))
+        throw std::runtime_error("waited in vain for " + what);
+}
+
+bool User::Comes(const std::string& what, std::function<bool()> condition, std::chrono::seconds patience) {
     struct Watch {
         QMetaObject::Connection connection;
         bool met = false;
@@ -128,9 +133,10 @@ void User::Await(const std::string& what, std::function<bool()> condition) {
     };
     QMetaObject::invokeMethod(QCoreApplication::instance(), begin, Qt::QueuedConnection);
     std::unique_lock lock(mutex_);
-    const bool inTime = news_.wait_for(lock, kPatience, [&] { return watch->met || over_; });
-    if (!watch->met)
-        throw std::runtime_error((inTime ? "the program ended before " : "waited in vain for ") + what);
+    news_.wait_for(lock, patience, [&] { return watch->met || over_; });
+    if (!watch->met && over_)
+        throw std::runtime_error("the program ended before " + what);
+    return watch->met;
 }
 
 void User::ProgramIsOver() {

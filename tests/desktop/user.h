@@ -2,6 +2,7 @@
 
 #include <QPoint>
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
@@ -42,6 +43,9 @@ class User {
 
     /// Waits until the condition holds, looking whenever the program has nothing left to do.
     void Await(const std::string& what, std::function<bool()> condition);
+
+    /// The same, with a limit: false if the condition has not come to hold by then.
+    bool Comes(const std::string& what, std::function<bool()> condition, std::chrono::seconds patience);
 
     /// Calls a function between two events of the program.
     template <class Function>
