@@ -7,6 +7,7 @@
 #include "plot/plot_request.h"
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
+#include "store/common_grid.h"
 #include "store/format.h"
 #include "store/menus.h"
 #include "store/numeric.h"
@@ -25,16 +26,6 @@ constexpr float kSpacingSteps[] = {1.0F, 1.5F, 2.0F, 3.0F, 4.0F, 5.0F};
 
 constexpr Pattern kDeltaSPattern{"#0.0###"};
 constexpr Pattern kMassPattern{"######"};
-
-void TakeInterferenceGrid() {
-    auto& S = Store();
-    S.GridPoints = S.ScanPoints(1);
-    for (std::int32_t I = 1; I <= S.GridPoints; ++I)
-        S.GridRadius(I) = S.ScanData(I, 1, 1);
-    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
-        for (std::int32_t I = 1; I <= S.GridPoints; ++I)
-            S.GridSignal(I, K) = Single(static_cast<double>(S.ScanData(I, 2, K)) - S.JitterOffset(K));
-}
 
 /// Grid and count stand as the last scan leaves them, for all scans.
 void InterpolateScans() {
@@ -180,7 +171,7 @@ void KeldIt_Click() {
     auto& S = Store();
     MousePointer(kPointerHourglass);
     if (S.IsInterference)
-        TakeInterferenceGrid();
+        S.GridPoints = TakeGridOfFirstScan();
     else
         InterpolateScans();
     FindFirstGridPoint();

@@ -8,6 +8,7 @@
 #include "plot/plot_window.h"
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
+#include "store/common_grid.h"
 #include "store/menus.h"
 #include "store/single.h"
 
@@ -17,16 +18,6 @@ namespace {
 
 constexpr std::int32_t kHalfWindow = 2;  // points; five are averaged
 constexpr float kHalfFringe = 0.5F;
-
-void FillGridFromScans() {
-    auto& S = Store();
-    S.GridPoints = S.ScanPoints(1);
-    for (std::int32_t I = 1; I <= S.GridPoints; ++I)
-        S.GridRadius(I) = S.ScanData(I, 1, 1);
-    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
-        for (std::int32_t I = 1; I <= S.GridPoints; ++I)
-            S.GridSignal(I, K) = Single(static_cast<double>(S.ScanData(I, 2, K)) - S.JitterOffset(K));
-}
 
 void ShowPick() {
     auto& S = Store();
@@ -83,7 +74,7 @@ void DoIntShift_Click() {
     S.PickDataLimits = false;
     S.PickJitterPoint = false;
     S.SavedMeniscus = S.Meniscus;
-    FillGridFromScans();
+    S.GridPoints = TakeGridOfFirstScan();
     PlotitForm().Load();
     PlotitForm().Hide();
     ShowPick();

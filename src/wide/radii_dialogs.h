@@ -52,8 +52,13 @@ void ShowRadiiDialog(const WidePlot& plot);
 /// What follows the dialog of the plot over Ln(s*): after a cancel the plot window is hidden.
 void FinishLnPlot();
 
+/// "s* vs g(s*)": per Svedberg over Svedbergs.
 void PlotSvsG_Click();
+
+/// "Ln(s*) vs [s* x g(s*)]". Fails 5 with an s* that is not positive.
 void PlotLnS_Click();
+
+/// "Integral of {[s*xg(s*)] vs Ln(s*)}". Fails 5 as PlotLnS_Click.
 void PlotIntegralWD_Click();
 
 }  // namespace halvern

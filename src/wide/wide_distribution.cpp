@@ -5,6 +5,7 @@
 #include "analysis/linear_interpolation.h"
 #include "plot/plot_window.h"
 #include "plot/show_plot.h"
+#include "store/common_grid.h"
 #include "store/format.h"
 #include "store/menus.h"
 #include "store/report.h"
@@ -48,18 +49,6 @@ void FindRadialLimits() {
         S.MaxFirstRadius = std::max(S.MaxFirstRadius, S.ScanData(1, 1, Scan));
         S.MinLastRadius = std::min(S.MinLastRadius, last(Scan));
     }
-}
-
-/// Interference scans lie on common radii, which nothing checks. Result: points of the grid.
-std::int16_t TakeRadiiOfFirstScan() {
-    auto& S = Store();
-    const std::int16_t N = S.ScanPoints(1);
-    for (std::int32_t I = 1; I <= N; ++I)
-        S.GridRadius(I) = S.ScanData(I, 1, 1);
-    for (std::int32_t Scan = 1; Scan <= S.NumFiles; ++Scan)
-        for (std::int32_t I = 1; I <= N; ++I)
-            S.GridSignal(I, Scan) = Single(static_cast<double>(S.ScanData(I, 2, Scan)) - S.JitterOffset(Scan));
-    return N;
 }
 
 /// The grid ends where the first scan to end does. Result: points of the grid.
@@ -136,7 +125,7 @@ void DoWideStraight_Click() {
     MousePointer(kPointerHourglass);
     S.PlotReady = false;
     FindRadialLimits();
-    DistributionAtAllRadii(S.IsInterference ? TakeRadiiOfFirstScan() : InterpolateScans());
+    DistributionAtAllRadii(S.IsInterference ? TakeGridOfFirstScan() : InterpolateScans());
     MousePointer(kPointerNormal);
     Menus().PlotWideD.Enable();
     Menus().WDOut.Enable();
