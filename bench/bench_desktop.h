@@ -1,6 +1,7 @@
 #pragma once
 
 #include "render/image_canvas.h"
+#include "store/failure.h"
 #include "ui/desktop.h"
 #include "ui/form.h"
 
@@ -31,9 +32,19 @@ class BenchDesktop : public Desktop {
     void SetMousePointer(int /*shape*/) override {}
     void DoEvents() override {}
     void Sleep(int /*milliseconds*/) override {}
+    BitmapPointer ImageOf(Form& /*form*/) override { return {}; }
+    BitmapPointer CaptureArea(Form& /*form*/, bool /*clientOnly*/, std::int32_t /*left*/, std::int32_t /*top*/,
+                              std::int32_t /*width*/, std::int32_t /*height*/) override {
+        return {};
+    }
+    void SavePicture(const Bitmap& /*picture*/, const std::string& /*path*/) override {}
+    void ClearClipboard() override {}
+    void SetClipboardText(const std::string& /*text*/) override {}
+    void SetClipboardPicture(const Bitmap& /*picture*/) override {}
     std::vector<std::string> PrinterNames() override { return {}; }
     std::string SystemDefaultPrinter() override { return {}; }
     void SelectPrinter(std::size_t /*number*/) override {}
+    Printer& CurrentPrinter() override { Fail(FailureCode::kPrinterError); }
     bool AnotherInstanceRuns() override { return false; }
 };
 

@@ -23,7 +23,7 @@ struct Picture {
 };
 
 /// The full plot in two sizes, and what it takes to be half of that, a quarter, an eighth.
-std::vector<Picture> Pictures() {
+std::vector<Picture> AllPictures() {
     std::vector<Picture> pictures;
     const auto add = [&](const std::string& name, const ScanPlot& plot) {
         pictures.push_back({name + '/' + std::to_string(plot.width) + 'x' + std::to_string(plot.height), plot});
@@ -77,7 +77,7 @@ int main(int argc, char** argv) {
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
     StartGraphics();
-    for (const auto& picture : Pictures())
+    for (const auto& picture : AllPictures())
         for (const auto& way : kWays)
             benchmark::RegisterBenchmark((way.name + '/' + picture.name).c_str(),
                                          [&way, picture](benchmark::State& state) { Run(state, picture, way); })

@@ -1,5 +1,5 @@
-// What is done to all scans of the instrument's full size at once: fringes re-added, the table of raw data written, the
-// wide distribution at eleven radii.
+// What is done to all scans of the instrument's full size at once: fringes re-added, the tables of raw data and of
+// the plot written, the wide distribution at eleven radii.
 
 #include <benchmark/benchmark.h>
 
@@ -11,8 +11,11 @@
 #include "bench/bench_desktop.h"
 #include "conditioning/readd_fringes.h"
 #include "output/scan_tables.h"
+#include "plot/export.h"
+#include "plot/plot_request.h"
 #include "render/graphics.h"
 #include "store/analysis_store.h"
+#include "store/files.h"
 #include "wide/wide_distribution.h"
 
 namespace {
@@ -61,6 +64,27 @@ void RawTable(benchmark::State& state) {
         RawDataOut_Click();
 }
 
+/// Every point as a marker and as a point of a line, as the plot of raw data has them.
+void FillRequest() {
+    auto& S = Store();
+    S.ProgramDir = CurrentFolder();
+    S.PlotCount = 0;
+    for (const bool line : {false, true})
+        for (std::int32_t K = 1; K <= kMostScans; ++K)
+            for (std::int32_t J = 1; J <= kMostPoints; ++J) {
+                ++S.PlotCount;
+                S.PlotX(S.PlotCount) = S.ScanData(J, 1, K);
+                S.PlotY(S.PlotCount) = S.ScanData(J, 2, K);
+                S.PlotSym(S.PlotCount) = line ? LineCode(K) : ToInteger16(K);
+            }
+}
+
+void PlotDataFile(benchmark::State& state) {
+    FillRequest();
+    for (auto _ : state)
+        SavePlotNow_Click();
+}
+
 void WideDistributionSmoothed(benchmark::State& state) {
     Store().UseSmoothing = true;
     Store().SmoothWindow = 11;
@@ -70,6 +94,7 @@ void WideDistributionSmoothed(benchmark::State& state) {
 
 BENCHMARK(ReAdd)->Unit(benchmark::kMillisecond);
 BENCHMARK(RawTable)->Unit(benchmark::kMillisecond);
+BENCHMARK(PlotDataFile)->Unit(benchmark::kMillisecond);
 BENCHMARK(WideDistributionSmoothed)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -38,7 +38,8 @@ FileDialogWindow::FileDialogWindow(QWidget* parent, const FileDialog& settings, 
     setOption(ReadOnly, kind == FileDialogKind::kExistingFile);
     setFileMode(kind == FileDialogKind::kExistingFile ? ExistingFile : AnyFile);
     setAcceptMode(kind == FileDialogKind::kExistingFile ? AcceptOpen : AcceptSave);
-    setWindowTitle(ShownTitle(settings.title));
+    if (!settings.title.empty())
+        setWindowTitle(ShownTitle(settings.title));
     setWindowModality(Qt::ApplicationModal);
     setDirectory(QDir::currentPath());
     setDefaultSuffix(ShownLine(settings.defaultExtension));

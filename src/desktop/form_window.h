@@ -39,6 +39,8 @@ class FormWindow : public QWidget, public ControlObserver {
 
     /// What shows a control; null for one that has no widget here.
     QWidget* WidgetOf(const Control& control) const;
+    /// The window without its menu.
+    QWidget& Client() const { return *content_; }
     const MenuView* Menu() const { return menu_.get(); }
 
     /// From now on the window has nothing to do with the models, which may go first.

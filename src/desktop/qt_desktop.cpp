@@ -1,15 +1,20 @@
 #include "desktop/qt_desktop.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QEventLoop>
 #include <QPointer>
+#include <QSaveFile>
 #include <QScreen>
 #include <QTimer>
 
 #include <utility>
 
+#include "desktop/image_bitmap.h"
 #include "desktop/message_box.h"
 #include "desktop/pixels.h"
+#include "desktop/screen_capture.h"
+#include "store/failure.h"
 
 namespace halvern {
 
@@ -170,11 +175,41 @@ void QtDesktop::Sleep(int milliseconds) {
     gate_.ThrowIfEnded();
 }
 
+BitmapPointer QtDesktop::ImageOf(Form& form) {
+    return std::make_shared<ImageBitmap>(forms_.at(&form)->Surface().Image().copy());
+}
+
+BitmapPointer QtDesktop::CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top,
+                                     std::int32_t width, std::int32_t height) {
+    FormView& view = *forms_.at(&form);
+    view.Surface();
+    QWidget& area = clientOnly ? view.Window()->Client() : *view.Window();
+    const QImage picture = CaptureOnScreen(area, {left, top, width, height});
+    gate_.ThrowIfEnded();
+    return std::make_shared<ImageBitmap>(picture);
+}
+
+void QtDesktop::SavePicture(const Bitmap& picture, const std::string& path) {
+    QSaveFile file(QFile::decodeName(path.c_str()));
+    file.setDirectWriteFallback(true);
+    const QImage image = ImageOn(picture).convertToFormat(QImage::Format_RGB888);
+    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "bmp") || !file.commit())
+        Fail(FailureCode::kDeviceError, path);
+}
+
+void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
+
+void QtDesktop::SetClipboardText(const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+}
+
+void QtDesktop::SetClipboardPicture(const Bitmap& picture) { QGuiApplication::clipboard()->setImage(ImageOn(picture)); }
+
 std::vector<std::string> QtDesktop::PrinterNames() { return printers_.List().names; }
 
 std::string QtDesktop::SystemDefaultPrinter() { return printers_.List().defaultName; }
 
-void QtDesktop::SelectPrinter(std::size_t number) { currentPrinter_ = printers_.List().names.at(number); }
+void QtDesktop::SelectPrinter(std::size_t number) { printer_.Select(printers_.List().names.at(number)); }
 
 bool QtDesktop::AnotherInstanceRuns() { return instance_.AnotherRuns(); }
 

@@ -14,6 +14,7 @@
 #include "desktop/file_dialog.h"
 #include "desktop/form_view.h"
 #include "desktop/installed_printers.h"
+#include "desktop/paper_printer.h"
 #include "desktop/single_instance.h"
 #include "ui/desktop.h"
 
@@ -41,7 +42,7 @@ class QtDesktop : public Desktop {
     FormWindow* WindowOf(Form& form) const;
 
     /// Name of the current printer, empty without one.
-    const std::string& CurrentPrinter() const { return currentPrinter_; }
+    const std::string& CurrentPrinterName() const { return printer_.Name(); }
     /// Whether the print system still owes its answer, see InstalledPrinters.
     bool StillAskingForPrinters() const { return printers_.StillAsking(); }
 
@@ -58,9 +59,17 @@ class QtDesktop : public Desktop {
     void SetMousePointer(int shape) override;
     void DoEvents() override;
     void Sleep(int milliseconds) override;
+    BitmapPointer ImageOf(Form& form) override;
+    BitmapPointer CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top, std::int32_t width,
+                              std::int32_t height) override;
+    void SavePicture(const Bitmap& picture, const std::string& path) override;
+    void ClearClipboard() override;
+    void SetClipboardText(const std::string& text) override;
+    void SetClipboardPicture(const Bitmap& picture) override;
     std::vector<std::string> PrinterNames() override;
     std::string SystemDefaultPrinter() override;
     void SelectPrinter(std::size_t number) override;
+    Printer& CurrentPrinter() override { return printer_; }
     bool AnotherInstanceRuns() override;
 
   private:
@@ -77,7 +86,7 @@ class QtDesktop : public Desktop {
     InstalledPrinters printers_;
     SingleInstance instance_;
     std::map<Form*, std::unique_ptr<FormView>> forms_;
-    std::string currentPrinter_;
+    PaperPrinter printer_;
     int pointer_ = kPointerNormal;
     int openBoxes_ = 0;
 };

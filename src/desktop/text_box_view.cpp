@@ -1,6 +1,7 @@
 #include "desktop/text_box_view.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -11,6 +12,7 @@ namespace halvern {
 TextBoxView::TextBoxView(TextBox& box, EventGate& gate, QWidget* parent) : QLineEdit(parent), box_(&box), gate_(gate) {
     // A text dropped from elsewhere would bring the focus with it, past the box that has it.
     setAcceptDrops(false);
+    setReadOnly(box.Click != nullptr);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (box_ != nullptr)
             gate_.Run([&] { box_->Type(text.toStdString()); });
@@ -61,6 +63,20 @@ void TextBoxView::TellOfFocus() {
     });
 }
 
+void TextBoxView::Click() {
+    if (box_ != nullptr && box_->Click)
+        gate_.Run(box_->Click);
+}
+
+// Whoever has no mouse presses a key where others click.
+void TextBoxView::keyPressEvent(QKeyEvent* event) {
+    const bool presses =
+        event->key() == Qt::Key_Space || event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!presses || box_ == nullptr || !box_->Click)
+        return QLineEdit::keyPressEvent(event);
+    Click();
+}
+
 void TextBoxView::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     pressBringsFocus_ = event->reason() == Qt::MouseFocusReason;
@@ -84,6 +100,8 @@ void TextBoxView::mouseReleaseEvent(QMouseEvent* event) {
     if (!keepsSelection_)
         QLineEdit::mouseReleaseEvent(event);
     keepsSelection_ = false;
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        Click();
 }
 
 }  // namespace halvern

@@ -24,6 +24,7 @@ class TextBoxView : public QLineEdit {
     void LetGo() { box_ = nullptr; }
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -32,6 +33,7 @@ class TextBoxView : public QLineEdit {
   private:
     void GiveFocus();
     void TellOfFocus();
+    void Click();
 
     TextBox* box_;
     EventGate& gate_;

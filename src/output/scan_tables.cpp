@@ -6,11 +6,11 @@
 #include <string>
 #include <string_view>
 
-#include "output/scan_field.h"
 #include "store/analysis_store.h"
 #include "store/file_command.h"
 #include "store/fixed_text.h"
 #include "store/format.h"
+#include "store/point_field.h"
 #include "store/single.h"
 #include "store/table_file.h"
 #include "ui/desktop.h"
@@ -80,7 +80,7 @@ void Append(const ScanTable& table, std::string& line, const char* field, const 
 }
 
 void AppendPoint(const ScanTable& table, std::string& line, float radius, float signal) {
-    char field[kScanFieldRoom];
+    char field[kPointFieldRoom];
     Append(table, line, field, RadiusField(field, radius));
     Append(table, line, field, SignalField(field, signal));
 }

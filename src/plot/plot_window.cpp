@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "plot/export.h"
 #include "plot/legend.h"
 #include "plot/progress.h"
 #include "store/analysis_store.h"
@@ -83,6 +84,10 @@ void PlotWindow::TieHandlers() {
     tie(Menu.UseFilled, &PlotWindow::UseFilled_Click);
     tie(Menu.Col_Sym, &PlotWindow::Col_Sym_Click);
     tie(Menu.ShowIt, &PlotWindow::ShowIt_Click);
+    Menu.PrnPlot.Click = PrnPlot_Click;
+    Menu.ClipPrn.Click = ClipPrn_Click;
+    Menu.SaveBMP.Click = SaveBMP_Click;
+    Menu.SavePlotNow.Click = SavePlotNow_Click;
 }
 
 Canvas& PlotWindow::Surface() { return TheDesktop().SurfaceOf(*this); }
@@ -132,7 +137,7 @@ void PlotWindow::Form_Load() {
     if (TheDesktop().PrinterNames().empty())
         Menu.dummy1.Disable();
     else
-        LoadPrinterItems(bar_, Menu.PrnArray, "PrnArray", Menu.dummy1, 2);
+        LoadPrinterItems(bar_, Menu.PrnArray, "PrnArray", Menu.dummy1, 2, PrnArray_Click);
 }
 
 void PlotWindow::Form_Unload(bool& /*Cancel*/) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "store/boolean.h"
+#include "ui/bitmap.h"
 #include "ui/canvas.h"
 #include "ui/form.h"
 
@@ -40,6 +42,10 @@ class PlotWindow : public Form {
     float XAxisMin = 0.0F, XAxisMax = 0.0F, YAxisMin = 0.0F, YAxisMax = 0.0F;
     /// Page units per data unit.
     float XScale = 0.0F, YScale = 0.0F;
+
+    BitmapPointer Picture1;  ///< the picture on its way to the printer
+    /// Folder of the last plot data file, with a slash at its end; empty before the first.
+    std::string PlotFileDir;
 
     /// Draws the request anew, whatever has changed; the only way to redraw.
     void Form_Paint();

@@ -171,7 +171,7 @@ void ScreenEvent(ReplayDesktop& desktop, Arguments arguments) {
 void RenderEvent(ReplayDesktop& desktop, Arguments arguments) { RenderPlot(desktop, arguments[0]); }
 
 void PrintEvent(ReplayDesktop& desktop, Arguments arguments) {
-    Print(desktop.Out(), arguments[0], desktop.OpenDialogForm());
+    Print(desktop.Out(), arguments[0], desktop.WhatCanBePrinted());
 }
 
 /// When an event can come: at any time, while nothing waits, or as the answer to what waits.

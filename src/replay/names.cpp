@@ -6,6 +6,7 @@
 #include <string>
 
 #include "replay/script.h"
+#include "ui/text_box.h"
 
 namespace halvern::replay {
 
@@ -53,7 +54,7 @@ std::optional<NamedControl> FindIn(Form& window, std::string_view name) {
             if (SameName(bar->Entries()[place].item->Name(), name))
                 return NamedControl{&window, bar->Entries()[place].item, place};
     for (Control* control : window.Controls())
-        if (SameName(control->Name(), name))
+        if (!control->Name().empty() && SameName(control->Name(), name))
             return NamedControl{&window, control, {}};
     return {};
 }
@@ -82,6 +83,12 @@ const std::function<void()>& CommandOf(const NamedControl& named) {
         }
         case ControlKind::kButton:
             return static_cast<const Button&>(*named.control).Click;
+        case ControlKind::kTextBox: {
+            const auto& box = static_cast<const TextBox&>(*named.control);
+            if (!box.Click)
+                Refuse(box, " can't be clicked");
+            return box.Click;
+        }
         default:
             Refuse(*named.control, " can't be clicked");
     }

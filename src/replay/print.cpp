@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kShownOrHidden[] = {"hidden", "shown"};
 
-void PrintReport(std::ostream& out) {
+void PrintReport(std::ostream& out, const PrintedDesktop& /*desktop*/) {
     const ListBox& report = OutFileBox();
     for (std::size_t i = 0; i < report.ListCount(); ++i)
         out << "report: " << report.Line(i) << '\n';
@@ -30,7 +30,7 @@ void PrintItems(std::ostream& out, const MenuBar& bar, std::string_view prefix) 
             << Quoted(item->Caption()) << '\n';
 }
 
-void PrintMenus(std::ostream& out) {
+void PrintMenus(std::ostream& out, const PrintedDesktop& /*desktop*/) {
     PrintItems(out, MainMenuBar(), "");
     PrintItems(out, *PlotitForm().MenuOf(), "Plotit.");
 }
@@ -82,7 +82,7 @@ struct TextOf {
     std::string operator()(float P::*member) const { return NineDigits(double{PlotitForm().*member}); }
 };
 
-void PrintPlot(std::ostream& out) {
+void PrintPlot(std::ostream& out, const PrintedDesktop& /*desktop*/) {
     for (const auto& row : kPlotRows)
         out << "plot: " << row.key << ' ' << std::visit(TextOf{}, row.value) << '\n';
     const PlotWindow& window = PlotitForm();
@@ -98,28 +98,34 @@ std::string ShownText(const Control& control) {
     return control.Caption();
 }
 
-void PrintDialog(std::ostream& out, const Form* dialog) {
+void PrintDialog(std::ostream& out, const PrintedDesktop& desktop) {
+    const Form* const dialog = desktop.dialog;
     if (dialog == nullptr)
         throw ScriptError("no dialog is open");
     out << "dialog: " << dialog->Name() << ' ' << Quoted(dialog->Caption()) << '\n';
     for (const Control* control : dialog->Controls())
-        out << "control: " << control->Name() << (control->IsEnabled() ? " enabled " : " disabled ")
-            << kShownOrHidden[control->IsShown()] << ' ' << Quoted(ShownText(*control)) << '\n';
+        if (!control->Name().empty())
+            out << "control: " << control->Name() << (control->IsEnabled() ? " enabled " : " disabled ")
+                << kShownOrHidden[control->IsShown()] << ' ' << Quoted(ShownText(*control)) << '\n';
 }
 
-void PrintClipboard(std::ostream& out) { out << "clipboard: empty\n"; }
+void PrintClipboard(std::ostream& out, const PrintedDesktop& desktop) {
+    out << "clipboard: " << desktop.clipboard << '\n';
+}
 
-/// No command prints in this version, so that there is nothing to tell.
-void PrintPrinter(std::ostream& /*out*/) {}
+void PrintPrinter(std::ostream& out, const PrintedDesktop& desktop) {
+    for (const std::string& line : desktop.onPrinter)
+        out << "printer: " << line << '\n';
+}
 
 struct Subject {
     std::string_view word;
-    void (*print)(std::ostream& out);
+    void (*print)(std::ostream& out, const PrintedDesktop& desktop);
 };
 
 constexpr Subject kSubjects[] = {
-    {"report", PrintReport},       {"menus", PrintMenus},     {"plot", PrintPlot},
-    {"clipboard", PrintClipboard}, {"printer", PrintPrinter},
+    {"report", PrintReport}, {"menus", PrintMenus},         {"plot", PrintPlot},
+    {"dialog", PrintDialog}, {"clipboard", PrintClipboard}, {"printer", PrintPrinter},
 };
 
 const char* WordOf(Answer answer) {
@@ -142,12 +148,10 @@ void PrintMessage(std::ostream& out, const AnsweredMessage& message) {
         << std::flush;
 }
 
-void Print(std::ostream& out, std::string_view subject, const Form* dialog) {
-    if (subject == "dialog")
-        return PrintDialog(out, dialog);
+void Print(std::ostream& out, std::string_view subject, const PrintedDesktop& desktop) {
     for (const auto& row : kSubjects)
         if (row.word == subject)
-            return row.print(out);
+            return row.print(out, desktop);
     throw ScriptError("nothing to print by that name: " + std::string(subject));
 }
 

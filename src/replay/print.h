@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -20,12 +21,18 @@ struct AnsweredMessage {
 /// `message style=S title="..." text="..." answer=ok`, written out at once.
 void PrintMessage(std::ostream& out, const AnsweredMessage& message);
 
+/// What of a desktop can be printed.
+struct PrintedDesktop {
+    const Form* dialog = nullptr;                 ///< the modal dialog that is open; null for none
+    std::string clipboard = "empty";              ///< or "text ..." or "picture WIDTHxHEIGHT"
+    std::span<const std::string> onPrinter = {};  ///< lines, see ReplayPrinter
+};
+
 /// Writes what a script asks for with `print SUBJECT`.
 ///
 /// Given     subject   report, menus, plot, dialog, clipboard or printer
-///           dialog    the modal dialog that is open; null for none
 /// Throws    ScriptError for another subject, and for a dialog when none is open
-void Print(std::ostream& out, std::string_view subject, const Form* dialog);
+void Print(std::ostream& out, std::string_view subject, const PrintedDesktop& desktop);
 
 /// The text in double quotes, with `\\`, `\"`, `\r`, `\n` and `\t` for what would break the line or the quotes.
 std::string Quoted(std::string_view text);

@@ -14,6 +14,7 @@
 #include "render/drawing.h"
 #include "replay/script.h"
 #include "store/analysis_store.h"
+#include "store/failure.h"
 
 namespace halvern::replay {
 
@@ -56,11 +57,25 @@ BeginDrawing& Renderer() {
     return *reinterpret_cast<BeginDrawing*>(found);
 }
 
-int Pixels(std::int32_t twips) {
-    return std::max(1, static_cast<int>(std::lround(static_cast<double>(twips) / kTwipsPerPixel)));
+/// Draws the plot window, in its size, into a file of a kind. Result: why that can't be done; empty if it has been.
+std::string DrawPlot(ReplayDesktop& desktop, std::string_view kind, const std::string& path) {
+    PlotWindow& plot = PlotitForm();
+    const DrawingOrder order{kind, path, PixelsOf(plot.Where().width), PixelsOf(plot.Where().height)};
+    std::string reason;
+    const std::unique_ptr<Drawing> drawing(Renderer()(order, reason));
+    if (drawing == nullptr)
+        return reason;
+    drawing->Surface().Cls();
+    if (Store().PlotReady)
+        desktop.DrawOn(plot, drawing->Surface(), [&] { plot.Form_Paint(); });
+    return drawing->Write();
 }
 
 }  // namespace
+
+int PixelsOf(std::int32_t twips) {
+    return std::max(1, static_cast<int>(std::lround(static_cast<double>(twips) / kTwipsPerPixel)));
+}
 
 void RenderPlot(ReplayDesktop& desktop, const std::string& path) {
     const std::string kind = KindOf(path);
@@ -68,16 +83,13 @@ void RenderPlot(ReplayDesktop& desktop, const std::string& path) {
         throw ScriptError("not a .png, .svg or .pdf file: " + path);
     if (!Store().PlotReady)
         throw ScriptError("there is no plot");
-    PlotWindow& plot = PlotitForm();
-    const DrawingOrder order{kind, path, Pixels(plot.Where().width), Pixels(plot.Where().height)};
-    std::string reason;
-    const std::unique_ptr<Drawing> drawing(Renderer()(order, reason));
-    if (drawing != nullptr) {
-        desktop.DrawOn(plot, drawing->Surface(), [&] { plot.Form_Paint(); });
-        reason = drawing->Write();
-    }
-    if (!reason.empty())
+    if (const std::string reason = DrawPlot(desktop, kind, path); !reason.empty())
         throw ScriptError(path + " can't be written: " + reason);
+}
+
+void WritePlotBitmap(ReplayDesktop& desktop, const std::string& path) {
+    if (const std::string reason = DrawPlot(desktop, "bmp", path); !reason.empty())
+        Fail(FailureCode::kDeviceError, path + ": " + reason);
 }
 
 }  // namespace halvern::replay

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "replay/replay_desktop.h"
@@ -11,5 +12,13 @@ namespace halvern::replay {
 /// Given     path   ends in .png, .svg or .pdf; from the current directory
 /// Throws    ScriptError when there is no plot, or no such file can be written
 void RenderPlot(ReplayDesktop& desktop, const std::string& path);
+
+/// The picture of the plot window as a Windows bitmap. Without a plot it is white.
+///
+/// Fails     57 when the file can't be written
+void WritePlotBitmap(ReplayDesktop& desktop, const std::string& path);
+
+/// Pixels of a length in twips, at least one.
+int PixelsOf(std::int32_t twips);
 
 }  // namespace halvern::replay

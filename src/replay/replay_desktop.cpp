@@ -1,11 +1,13 @@
 #include "replay/replay_desktop.h"
 
 #include <filesystem>
+#include <memory>
 #include <ostream>
 #include <system_error>
 
-#include "replay/print.h"
+#include "replay/render.h"
 #include "replay/script.h"
+#include "store/failure.h"
 
 namespace halvern::replay {
 
@@ -129,6 +131,41 @@ void ReplayDesktop::RunModal(Form& form) {
         answers_.CarryOutNextLine();
     dialogs_.pop_back();
     focusedBox_ = nullptr;
+}
+
+namespace {
+
+/// A picture of a window: only its size is known before it is to go into a file.
+struct WindowPicture final : Bitmap {
+    WindowPicture(std::int32_t pixelsWide, std::int32_t pixelsHigh) : width(pixelsWide), height(pixelsHigh) {}
+    std::int32_t PixelWidth() const override { return width; }
+    std::int32_t PixelHeight() const override { return height; }
+
+    std::int32_t width, height;
+};
+
+}  // namespace
+
+BitmapPointer ReplayDesktop::ImageOf(Form& form) {
+    return std::make_shared<WindowPicture>(PixelsOf(form.Where().width), PixelsOf(form.Where().height));
+}
+
+BitmapPointer ReplayDesktop::CaptureArea(Form& /*form*/, bool /*clientOnly*/, std::int32_t /*left*/,
+                                         std::int32_t /*top*/, std::int32_t width, std::int32_t height) {
+    return std::make_shared<WindowPicture>(width, height);
+}
+
+// The plot window's is the one picture that the program saves.
+void ReplayDesktop::SavePicture(const Bitmap& /*picture*/, const std::string& path) { WritePlotBitmap(*this, path); }
+
+void ReplayDesktop::SetClipboardPicture(const Bitmap& picture) {
+    clipboard_ = "picture " + std::to_string(picture.PixelWidth()) + 'x' + std::to_string(picture.PixelHeight());
+}
+
+Printer& ReplayDesktop::CurrentPrinter() {
+    if (!hasPrinter_)
+        Fail(FailureCode::kPrinterError);
+    return printer_;
 }
 
 std::vector<std::string> ReplayDesktop::PrinterNames() {

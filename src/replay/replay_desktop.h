@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "replay/names.h"
+#include "replay/print.h"
+#include "replay/replay_printer.h"
 #include "ui/canvas.h"
 #include "ui/desktop.h"
 #include "ui/form.h"
@@ -58,6 +60,8 @@ class ReplayDesktop : public Desktop {
     TextBox* FocusedBox() const { return focusedBox_; }
     void SetFocusedBox(TextBox* box) { focusedBox_ = box; }
 
+    PrintedDesktop WhatCanBePrinted() const { return {OpenDialogForm(), clipboard_, printer_.Printed()}; }
+
     OpenWindows Windows() const { return {loadedForms_, OpenDialogForm()}; }
 
     Question OpenQuestion() const;
@@ -95,9 +99,18 @@ class ReplayDesktop : public Desktop {
     /// The events stand in the script, and each waits for its turn.
     void DoEvents() override {}
     void Sleep(int /*milliseconds*/) override {}
+    BitmapPointer ImageOf(Form& form) override;
+    /// No screen shows the window: the picture has the size of the rectangle, and nothing on it.
+    BitmapPointer CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top, std::int32_t width,
+                              std::int32_t height) override;
+    void SavePicture(const Bitmap& picture, const std::string& path) override;
+    void ClearClipboard() override { clipboard_ = "empty"; }
+    void SetClipboardText(const std::string& text) override { clipboard_ = "text " + Quoted(text); }
+    void SetClipboardPicture(const Bitmap& picture) override;
     std::vector<std::string> PrinterNames() override;
     std::string SystemDefaultPrinter() override;
     void SelectPrinter(std::size_t /*number*/) override {}
+    Printer& CurrentPrinter() override;
     /// Replays may run side by side.
     bool AnotherInstanceRuns() override { return false; }
 
@@ -124,6 +137,8 @@ class ReplayDesktop : public Desktop {
     std::vector<Form*> dialogs_;
     TextBox* focusedBox_ = nullptr;
     NullCanvas surface_;
+    ReplayPrinter printer_;
+    std::string clipboard_ = "empty";
     struct OtherSurface {
         Form* form;
         Canvas* surface;

@@ -5,6 +5,7 @@
 #include "plot/plot_window.h"
 #include "shell/done_branches.h"
 #include "shell/menu_handlers.h"
+#include "shell/report_commands.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
 #include "store/printer_menu.h"
@@ -82,7 +83,7 @@ void MainWindow::LoadPrinters() {
     if (TheDesktop().PrinterNames().empty())
         Menus().PrintDummy1.Disable();
     else
-        LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2);
+        LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2, Prn2Array_Click);
 }
 
 MainWindow& MainForm() {

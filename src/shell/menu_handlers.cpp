@@ -10,11 +10,13 @@
 #include "conditioning/meniscus.h"
 #include "conditioning/readd_fringes.h"
 #include "intake/data_set_load.h"
+#include "intake/generate_file.h"
 #include "output/g_of_s_files.h"
 #include "output/scan_plots.h"
 #include "output/scan_tables.h"
 #include "plot/plot_window.h"
 #include "shell/main_window.h"
+#include "shell/report_commands.h"
 #include "store/menus.h"
 #include "wide/radii_dialogs.h"
 #include "wide/set_smooth.h"
@@ -32,7 +34,11 @@ struct Tie {
 
 constexpr Tie kTies[] = {
     {&MainMenu::GetListNow, GetListNow_Click},
+    {&MainMenu::MakeListNow, MakeListNow_Click},
     {&MainMenu::AllDone, AllDone_Click},
+    {&MainMenu::PrintFitting, PrintFitting_Click},
+    {&MainMenu::PrnSelect, PrnSelect_Click},
+    {&MainMenu::CopySelect, CopySelect_Click},
     {&MainMenu::DoReAddNow, DoReAddNow_Click},
     {&MainMenu::Get_MenFromScan, Get_MenFromScan_Click},
     {&MainMenu::Set_MenManually, Set_MenManually_Click},

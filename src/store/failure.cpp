@@ -27,6 +27,7 @@ constexpr FailureRow kFailures[] = {
     {FailureCode::kPermissionDenied, "Permission denied"},
     {FailureCode::kPathOrFileAccess, "Path/File access error"},
     {FailureCode::kPathNotFound, "Path not found"},
+    {FailureCode::kPrinterError, "Printer error"},
     {FailureCode::kCancelled, "Cancel was selected"},
 };
 

@@ -22,6 +22,7 @@ enum class FailureCode : int {
     kPermissionDenied = 70,
     kPathOrFileAccess = 75,
     kPathNotFound = 76,
+    kPrinterError = 482,
     kCancelled = 32755,
 };
 

@@ -1,9 +1,11 @@
 #include "store/files.h"
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -14,6 +16,7 @@
 #include "store/fixed_text.h"
 #include "store/input_file.h"
 #include "store/output_file.h"
+#include "store/system_failure.h"
 
 namespace halvern {
 
@@ -136,6 +139,16 @@ std::string CurrentFolder() {
     if (!folder.ends_with('/'))
         folder += '/';
     return folder;
+}
+
+void ChangeFolder(const std::string& folder) {
+    if (::chdir(folder.c_str()) != 0)
+        FailWithErrno(errno == ENOENT ? ENOTDIR : errno, folder);
+}
+
+void RemoveFile(const std::string& name) {
+    if (::unlink(name.c_str()) != 0)
+        FailWithErrno(errno, name);
 }
 
 }  // namespace halvern

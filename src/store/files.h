@@ -65,4 +65,12 @@ std::string ChooseNewFile(const FileDialog& dialog);
 /// The current directory, with a slash at its end; "/" if it has been removed.
 std::string CurrentFolder();
 
+/// Moves the current directory.
+///
+/// Fails     76 when there is no such folder, 70 without the permission
+void ChangeFolder(const std::string& folder);
+
+/// Takes a file away. Fails 53 when there is none, 70 without the permission.
+void RemoveFile(const std::string& name);
+
 }  // namespace halvern

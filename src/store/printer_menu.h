@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "ui/menu.h"
@@ -13,7 +14,19 @@ namespace halvern {
 ///           name      the array's design name; element I is called "name(I)"
 ///           before    the item that they come behind
 ///           level     their level in the tree
+///           click     what choosing the printer of an index does
 /// Note      with no printer installed nothing happens
-void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, const MenuItem& before, int level);
+void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, const MenuItem& before, int level,
+                      void (*click)(std::int16_t Index));
+
+/// Ticks one printer of a menu, and no other.
+///
+/// Given     Index   1 .. items.Count()
+void TickPrinter(PrinterItems& items, std::int16_t Index);
+
+/// Makes a printer the current one, by its number in the menus.
+///
+/// Given     Index   1 .. number of installed printers; outside, failure 9
+void UsePrinter(std::int16_t Index);
 
 }  // namespace halvern

@@ -7,10 +7,13 @@
 #include <string_view>
 #include <vector>
 
+#include "ui/bitmap.h"
+
 namespace halvern {
 
 class Canvas;
 class Form;
+class Printer;
 
 /// Styles of a message box; they add up.
 inline constexpr int kOkOnly = 0, kYesNo = 4, kCritical = 16, kQuestion = 32, kExclamation = 48, kDefaultSecond = 256;
@@ -88,6 +91,40 @@ class EventQueue {
     ~EventQueue() = default;
 };
 
+/// Pictures of windows.
+class Pictures {
+  public:
+    /// What a form has drawn on its surface, also where other windows cover it.
+    virtual BitmapPointer ImageOf(Form& form) = 0;
+
+    /// What the screen shows of a window.
+    ///
+    /// Given     clientOnly                  positions count from the top left of the client area, not of the frame
+    ///           left, top, width, height    pixels
+    virtual BitmapPointer CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top,
+                                      std::int32_t width, std::int32_t height) = 0;
+
+    /// Writes a Windows bitmap of 24 bits a pixel.
+    ///
+    /// Given     path   in the file system's bytes
+    /// Fails     57 when it can't be written; a file of that name stays as it was
+    virtual void SavePicture(const Bitmap& picture, const std::string& path) = 0;
+
+  protected:
+    ~Pictures() = default;
+};
+
+/// What other programs can paste.
+class Clipboard {
+  public:
+    virtual void ClearClipboard() = 0;
+    virtual void SetClipboardText(const std::string& text) = 0;
+    virtual void SetClipboardPicture(const Bitmap& picture) = 0;
+
+  protected:
+    ~Clipboard() = default;
+};
+
 /// The installed printers, counted from 0 here; the program's menus count them from 1.
 class Printers {
   public:
@@ -96,13 +133,21 @@ class Printers {
     virtual std::string SystemDefaultPrinter() = 0;
     /// Given     number   0 .. PrinterNames().size() - 1
     virtual void SelectPrinter(std::size_t number) = 0;
+    /// The one that was selected last. Fails 482 when none has been.
+    virtual Printer& CurrentPrinter() = 0;
 
   protected:
     ~Printers() = default;
 };
 
 /// Everything that the program asks of the platform.
-class Desktop : public MessageBoxes, public FileDialogs, public Windows, public EventQueue, public Printers {
+class Desktop : public MessageBoxes,
+                public FileDialogs,
+                public Windows,
+                public EventQueue,
+                public Pictures,
+                public Clipboard,
+                public Printers {
   public:
     virtual ~Desktop() = default;
 

@@ -69,6 +69,7 @@ class Form : public Control {
     void Resized(std::int32_t widthTwips, std::int32_t heightTwips, bool minimised);
 
   protected:
+    /// Given     name   empty for a label that the design gives none
     void Add(std::string name, Control& control, Place place);
     void SetCancelButton(Button& button) { cancelButton_ = &button; }
 

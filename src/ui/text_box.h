@@ -37,6 +37,8 @@ class TextBox : public Control {
     bool WantsFocus() const { return wantsFocus_; }
     void FocusGiven() { wantsFocus_ = false; }
 
+    /// What a click in the box does. A box that has it is filled by it: nothing can be typed there.
+    std::function<void()> Click;
     std::function<void()> GotFocus;
     std::function<void()> LostFocus;
     /// Given     Cancel   false; true refuses the text

@@ -244,9 +244,9 @@ TEST_F(TheQtDesktop, MeasuresTheScreenInTwips) {
 TEST_F(TheQtDesktop, SelectsAPrinterByItsNumber) {
     EXPECT_EQ(desktop.PrinterNames(), (std::vector<std::string>{"Laser", "Ink"}));
     EXPECT_EQ(desktop.SystemDefaultPrinter(), "Ink");
-    EXPECT_EQ(desktop.CurrentPrinter(), "");
+    EXPECT_EQ(desktop.CurrentPrinterName(), "");
     desktop.SelectPrinter(1);
-    EXPECT_EQ(desktop.CurrentPrinter(), "Ink");
+    EXPECT_EQ(desktop.CurrentPrinterName(), "Ink");
     EXPECT_THROW(desktop.SelectPrinter(2), std::out_of_range);
 }
 

@@ -74,6 +74,26 @@ TEST_F(RenderEvent, FollowsTheSizeOfTheWindow) {
     EXPECT_EQ(QImage(QStringLiteral("plot.PNG")).size(), QSize(400, 300));
 }
 
+TEST_F(RenderEvent, DrawsTheBitmapThatThePlotIsSavedAs) {
+    ASSERT_EQ(PlayPlotAnd("render plot.png\nclick SaveBMP\nchoose plot\n"), 0) << err;
+    const std::string bitmap = Content("plot.bmp");
+    ASSERT_GT(bitmap.size(), 54U);
+    EXPECT_EQ(bitmap.substr(0, 2), "BM");
+    EXPECT_EQ(bitmap[28], 24) << "bits of a pixel";
+    const auto pixels = [](const char* name) {
+        return QImage(QLatin1String(name)).convertToFormat(QImage::Format_RGB32);
+    };
+    EXPECT_EQ(pixels("plot.bmp").size(), QSize(666, 499));
+    EXPECT_EQ(pixels("plot.bmp"), pixels("plot.png"));
+}
+
+TEST_F(RenderEvent, EndsWithoutAWordWhereTheBitmapCannotBeWritten) {
+    fs::create_directory("plot.bmp");
+    EXPECT_EQ(PlayPlotAnd("click SaveBMP\nchoose plot.bmp\nclick SaveBMP\ncancel\n"), 0) << err;
+    EXPECT_EQ(out + err, "");
+    EXPECT_TRUE(fs::is_empty("plot.bmp"));
+}
+
 TEST_F(RenderEvent, WritesADrawingThatKeepsItsTexts) {
     ASSERT_EQ(PlayPlotAnd("render plot.svg\n"), 0) << err;
     const std::string svg = Content("plot.svg");

@@ -160,16 +160,117 @@ INSTANTIATE_TEST_SUITE_P(Replay, BadMouse,
                                            Refused{"hover 1", "expected: hover X Y"},
                                            Refused{"drag 1 2 3", "expected: drag X0 Y0 X1 Y1"}));
 
-TEST_F(Analysis, EndsWithStatus70AfterADivisionByZero) {
-    // All scans of one time: the pairs have no time between them.
+/// The dialog for the smoothing window of sixty scans: a spin control from 3 to 6 beside a text box.
+struct SpinAndTick : Analysis {
+    SpinAndTick() { test::WriteDataSet(folder, 60); }
+
+    static constexpr const char* kMeniscus = "click Set_MenManually\ntype Text1 5.904\nclick IsOK\n";
+    int PlaySmoothing(const std::string& lines) {
+        return Play(std::string(kMeniscus) + "click UseWSSmoothing\n" + lines);
+    }
+    /// Six scans from 5.9 to 6.899 cm: the radii up to 6.8 cm can be calculated.
+    void WriteLongScans() { test::WriteDataSet(folder, 6, {.points = 1000}); }
+    int PlayRadii(const std::string& lines) { return Play(std::string(kMeniscus) + "click DoWideStraight\n" + lines); }
+};
+
+TEST_F(SpinAndTick, ASpinShowsInTheTextAndIsTaken) {
+    EXPECT_EQ(PlaySmoothing("spin UpDown1 5\nprint dialog\nclick IsOK\n"), kRanToItsEnd);
+    EXPECT_NE(out.str().find("control: Text1 enabled shown \"5\"\ncontrol: UpDown1 enabled shown \"5\"\n"),
+              std::string::npos)
+        << out.str();
+    EXPECT_EQ(Store().SmoothWindow, 5);
+}
+
+TEST_F(SpinAndTick, ASpinBeyondALimitGoesToIt) {
+    EXPECT_EQ(PlaySmoothing("spin UpDown1 2147483647\nprint dialog\nspin UpDown1 -7\nprint dialog\n"), kRanToItsEnd);
+    const std::string told = out.str();
+    const std::size_t highest = told.find("control: UpDown1 enabled shown \"6\"\n");
+    ASSERT_NE(highest, std::string::npos) << told;
+    EXPECT_NE(told.find("control: UpDown1 enabled shown \"3\"\n", highest), std::string::npos) << told;
+}
+
+TEST_F(SpinAndTick, ASpinComesAfterTheTextThatWasTypedBefore) {
+    EXPECT_EQ(PlaySmoothing("type Text1 5\nspin UpDown1 3\nclick IsOK\n"), kRanToItsEnd);
+    EXPECT_EQ(Store().SmoothWindow, 3);
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(SpinAndTick, ASpinLeavesATextThatHasTakenTheFocusBack) {
+    EXPECT_EQ(PlaySmoothing("type Text1 50\nspin UpDown1 5\nprint dialog\nclick IsOK\n"), kRanToItsEnd);
+    EXPECT_TRUE(
+        out.str().starts_with("message style=48 title=\"Data Entry Error\" text=\"The value for the file increment "
+                              "is invalid or out of range!\" answer=ok\ndialog: SetSmooth "))
+        << out.str();
+    EXPECT_EQ(out.str().find("message", 1), std::string::npos) << "what the dialog put in its place is good";
+    EXPECT_EQ(Store().SmoothWindow, 5);
+}
+
+TEST_F(SpinAndTick, TicksAndUnticks) {
+    WriteLongScans();
+    EXPECT_EQ(PlayRadii("tick UseRadii(4)\nuntick UseRadii(5)\ntick PlotLogWD.useradii(6)\ntick UseRadii(6)\n"
+                        "untick UseRadii(6)\nuntick UseRadii(6)\nprint dialog\n"),
+              kRanToItsEnd)
+        << err.str();
+    EXPECT_NE(out.str().find("control: UseRadii(3) enabled shown \"0\"\ncontrol: UseRadii(4) enabled shown \"1\"\n"
+                             "control: UseRadii(5) enabled shown \"0\"\ncontrol: UseRadii(6) enabled shown \"0\"\n"),
+              std::string::npos)
+        << out.str();
+}
+
+TEST_F(SpinAndTick, NeverTicksARadiusThatWasNotCalculated) {
+    // Scans of twelve points reach none of the radii.
+    EXPECT_EQ(PlayRadii("print dialog\ntick UseRadii(5)\n"), kLineFailed);
+    EXPECT_NE(out.str().find("control: UseRadii(5) disabled shown \"0\"\n"), std::string::npos) << out.str();
+    EXPECT_EQ(err.str(), "s:8: UseRadii(5) is disabled\n");
+}
+
+class BadSpinOrTick : public SpinAndTick, public ::testing::WithParamInterface<Refused> {};
+
+TEST_P(BadSpinOrTick, IsRefusedWithItsReason) {
+    EXPECT_EQ(PlaySmoothing(GetParam().line), kLineFailed);
+    EXPECT_EQ(err.str(), std::string("s:7: ") + GetParam().reason + "\n");
+    EXPECT_EQ(Store().SmoothWindow, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Replay, BadSpinOrTick,
+                         ::testing::Values(Refused{"spin UpDown1 five", "not a whole number: five"},
+                                           Refused{"spin UpDown1 5.0", "not a whole number: 5.0"},
+                                           Refused{"spin UpDown1 2147483648", "not a whole number: 2147483648"},
+                                           Refused{"spin UpDown1 \"\"", "not a whole number: "},
+                                           Refused{"spin UpDown1", "expected: spin NAME VALUE"},
+                                           Refused{"spin Text1 5", "Text1 is no spin control"},
+                                           Refused{"spin UpDown2 5", "no such control: UpDown2"},
+                                           Refused{"spin Keld.OutFileBox 5", "the dialog SetSmooth is open"},
+                                           Refused{"tick Text1", "Text1 is no check box"},
+                                           Refused{"untick IsOK", "IsOK is no check box"},
+                                           Refused{"tick", "expected: tick NAME"},
+                                           Refused{"untick UpDown1 0", "expected: untick NAME"}));
+
+/// A run that stood still: all scans of one omega squared t.
+void WriteScansOfOneTime(const test::DataFolder& folder) {
     test::ScanFile scan;
+    scan.points = 1000;
     for (int I = 1; I <= 4; ++I)
         folder.Write("same" + std::to_string(I), scan.Text());
     folder.Write("all.LST", test::ListText({"same1", "same2", "same3", "same4"}));
+}
+
+TEST_F(Analysis, EndsWithStatus70AfterADivisionByZero) {
+    WriteScansOfOneTime(folder);  // the pairs have no time between them
     EXPECT_EQ(
         Play("answer yes\nanswer yes\nanswer yes\nclick Set_MenManually\ntype Text1 5.9\nclick IsOK\nclick KeldIt\n"),
         kProgramFailed);
     EXPECT_EQ(err.str(), "s:9: Run-time error '11': Division by zero\n");
+}
+
+TEST_F(Analysis, EndsWithStatus70InAWideDistributionOfOneTime) {
+    WriteScansOfOneTime(folder);  // no s* between neighbours to divide by
+    EXPECT_EQ(Play("answer yes\nanswer yes\nanswer yes\nclick Set_MenManually\ntype Text1 5.9\nclick IsOK\n"
+                   "click DoWideStraight\nprint report\n"),
+              kProgramFailed);
+    EXPECT_EQ(err.str(), "s:9: Run-time error '11': Division by zero\n");
+    EXPECT_EQ(out.str().find("report:"), std::string::npos) << "nothing comes behind it";
+    EXPECT_FALSE(PlotitForm().IsShown() || Menus().PlotWideD.IsEnabled() || Menus().WDOut.IsEnabled());
 }
 
 }  // namespace

@@ -26,7 +26,7 @@ struct CommaNumbers : std::numpunct<char> {
 std::string Printed(std::string_view subject) {
     std::ostringstream out;
     out.imbue(std::locale(std::locale::classic(), new CommaNumbers));
-    Print(out, subject, nullptr);
+    Print(out, subject, {});
     return out.str();
 }
 
@@ -139,9 +139,9 @@ plot: TestIt hidden
 
 TEST(Print, HasNoDialogToTellOfAndNoOtherSubjects) {
     std::ostringstream out;
-    EXPECT_THROW(Print(out, "dialog", nullptr), ScriptError);
-    EXPECT_THROW(Print(out, "Report", nullptr), ScriptError);
-    EXPECT_THROW(Print(out, "", nullptr), ScriptError);
+    EXPECT_THROW(Print(out, "dialog", PrintedDesktop()), ScriptError);
+    EXPECT_THROW(Print(out, "Report", PrintedDesktop()), ScriptError);
+    EXPECT_THROW(Print(out, "", PrintedDesktop()), ScriptError);
     EXPECT_EQ(out.str(), "");
 }
 

@@ -117,5 +117,17 @@ TEST_F(MainWindowTest, HasASplashThatNamesTheProgram) {
     EXPECT_NE(texts.find("(500 files max.)|"), std::string::npos);
 }
 
+TEST(MainMenu, HasACommandForEveryItemThatIsNoSubmenu) {
+    const test::TestDesktop desktop;
+    MainForm();
+    for (MenuBar* bar : {MainForm().MenuOf(), PlotitForm().MenuOf()})
+        for (std::size_t place = 0; place < bar->Entries().size(); ++place) {
+            const MenuItem& item = *bar->Entries()[place].item;
+            // Hidden from the program's start to its end.
+            const bool isLeftOver = &item == &Menus().PrintDummy2;
+            EXPECT_TRUE(item.Click || item.IsSeparator() || bar->OpensSubmenu(place) || isLeftOver) << item.Name();
+        }
+}
+
 }  // namespace
 }  // namespace halvern

@@ -11,7 +11,11 @@ namespace {
 
 struct PrinterMenu : ::testing::Test {
     test::TestDesktop desktop;
-    void LoadItems() { LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2); }
+    static inline std::int16_t chosen = 0;
+    void LoadItems() {
+        LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2,
+                         [](std::int16_t Index) { chosen = Index; });
+    }
 };
 
 TEST_F(PrinterMenu, HasAnItemForEachPrinterBehindTheSeparator) {

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <utility>
 
+#include "store/failure.h"
 #include "store/report.h"
 
 namespace halvern::test {
@@ -45,6 +49,70 @@ void TestDesktop::FormUnloaded(Form& form) {
     std::erase(loaded, &form);
     form.Observe(nullptr);
     story.push_back("unload " + form.Name());
+}
+
+namespace {
+
+struct TestBitmap final : Bitmap {
+    TestBitmap(std::int32_t pixelsWide, std::int32_t pixelsHigh) : width(pixelsWide), height(pixelsHigh) {}
+    std::int32_t PixelWidth() const override { return width; }
+    std::int32_t PixelHeight() const override { return height; }
+    std::int32_t width, height;
+};
+
+std::string SizeOf(const Bitmap& picture) {
+    return std::to_string(picture.PixelWidth()) + 'x' + std::to_string(picture.PixelHeight());
+}
+
+std::string Pair(double first, double second) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.3f,%.3f", first, second);
+    return text;
+}
+
+}  // namespace
+
+BitmapPointer TestDesktop::ImageOf(Form& form) {
+    const Place& place = form.Where();
+    return std::make_shared<TestBitmap>(place.width / kTwipsPerPixel, place.height / kTwipsPerPixel);
+}
+
+BitmapPointer TestDesktop::CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top,
+                                       std::int32_t width, std::int32_t height) {
+    const auto picture = std::make_shared<TestBitmap>(width, height);
+    captures.push_back(form.Name() + (clientOnly ? " client " : " window ") + std::to_string(left) + ',' +
+                       std::to_string(top) + ' ' + SizeOf(*picture));
+    return picture;
+}
+
+void TestDesktop::SavePicture(const Bitmap& picture, const std::string& path) {
+    if (picturesFail)
+        Fail(FailureCode::kDeviceError, path);
+    pictures.push_back(SizeOf(picture) + ' ' + path);
+}
+
+void TestDesktop::SetClipboardPicture(const Bitmap& picture) { clipboard.push_back("picture " + SizeOf(picture)); }
+
+void TestDesktop::SetOrientation(Orientation orientation) {
+    lying_ = orientation == Orientation::kLandscape;
+    printed.emplace_back(lying_ ? "landscape" : "portrait");
+}
+
+void TestDesktop::TakePrint(std::string what) {
+    if (printsBeforeFault-- <= 0)
+        Fail(FailureCode::kPrinterError);
+    printed.push_back(std::move(what));
+}
+
+void TestDesktop::PrintLine(std::string_view text) { TakePrint("line " + std::string(text)); }
+
+void TestDesktop::PaintPicture(const Bitmap& picture, double left, double top, double width, double height) {
+    TakePrint("picture " + SizeOf(picture) + " at " + Pair(left, top) + " size " + Pair(width, height));
+}
+
+void TestDesktop::EndDocument() {
+    TakePrint("end");
+    lying_ = false;
 }
 
 void TestDesktop::Repaint(Form& form) { progress.push_back("repaint " + form.Name()); }

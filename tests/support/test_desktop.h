@@ -1,16 +1,19 @@
 #pragma once
 
+#include <climits>
 #include <deque>
 #include <functional>
 #include <optional>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/recording_canvas.h"
 #include "ui/canvas.h"
 #include "ui/desktop.h"
 #include "ui/form.h"
+#include "ui/printer.h"
 
 namespace halvern::test {
 
@@ -25,7 +28,7 @@ struct Message {
 /// A desktop without a screen: it answers from the queues that the test has filled, and keeps what it was told.
 ///
 /// It is the desktop in use while it lives.
-class TestDesktop : public Desktop, private ControlObserver {
+class TestDesktop : public Desktop, public Printer, private ControlObserver {
   public:
     TestDesktop() { UseDesktop(this); }
     ~TestDesktop() override { UseDesktop(nullptr); }
@@ -54,6 +57,19 @@ class TestDesktop : public Desktop, private ControlObserver {
     int pointer = kPointerNormal;
     std::vector<int> pointers;
     std::vector<std::size_t> printersSelected;
+    /// What became of the clipboard, in its order: "cleared", "text ...", "picture 665x499".
+    std::vector<std::string> clipboard;
+    /// What was printed, in its order: "line ...", "portrait", "picture 665x499 at 1,2 size 3,4", "end".
+    std::vector<std::string> printed;
+    /// Size of the printer's page in portrait, twips.
+    float pageWidth = 12240.0F, pageHeight = 15840.0F;
+    /// Lines, pictures and ends of documents that the printer takes before it fails.
+    int printsBeforeFault = INT_MAX;
+    /// What was captured of windows: "client 0,0 665x499".
+    std::vector<std::string> captures;
+    /// Pictures saved, "665x499 PATH"; where the fault is set they can't be.
+    std::vector<std::string> pictures;
+    bool picturesFail = false;
     /// What happened to windows and time, in its order: "load Keld", "show Keld", "100 passes", "sleep 1750", ...
     std::vector<std::string> story;
     /// What happened to the windows that tell progress, which the story leaves out: "show cmpltfrm", "repaint cmpltfrm".
@@ -75,13 +91,31 @@ class TestDesktop : public Desktop, private ControlObserver {
     std::vector<std::string> PrinterNames() override { return printers; }
     std::string SystemDefaultPrinter() override { return defaultPrinter; }
     void SelectPrinter(std::size_t number) override { printersSelected.push_back(number); }
+    Printer& CurrentPrinter() override { return *this; }
+    BitmapPointer ImageOf(Form& form) override;
+    BitmapPointer CaptureArea(Form& form, bool clientOnly, std::int32_t left, std::int32_t top, std::int32_t width,
+                              std::int32_t height) override;
+    void SavePicture(const Bitmap& picture, const std::string& path) override;
+    void ClearClipboard() override { clipboard.emplace_back("cleared"); }
+    void SetClipboardText(const std::string& text) override { clipboard.push_back("text " + text); }
+    void SetClipboardPicture(const Bitmap& picture) override;
     bool AnotherInstanceRuns() override { return anotherInstance; }
+
+    void SetOrientation(Orientation orientation) override;
+    float ScaleWidth() override { return lying_ ? pageHeight : pageWidth; }
+    float ScaleHeight() override { return lying_ ? pageWidth : pageHeight; }
+    void PrintLine(std::string_view text) override;
+    void PaintPicture(const Bitmap& picture, double left, double top, double width, double height) override;
+    void EndDocument() override;
 
   private:
     void ControlChanged(Control& control) override;
     std::optional<std::string> Choice(const FileDialog& dialog);
 
+    void TakePrint(std::string what);
+
     int passes_ = 0;
+    bool lying_ = false;  ///< the page
     std::set<Control*> shown_;
 };
 

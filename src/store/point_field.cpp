@@ -1,5 +1,6 @@
-#include "output/scan_field.h"
+#include "store/point_field.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -11,11 +12,12 @@ namespace {
 
 constexpr Pattern kRadius{"  0.0000"};
 constexpr Pattern kSignal{"  0.0000E+00; -0.0000E+00"};
+constexpr Pattern kPlot{"    0.0000E+00;   -0.0000E+00"};
 
 // A single has 24 significant bits, and 10^k has 24 or fewer besides its factor 2^k for k up to 10: their product is exact
 // in a double, and so is the half added to it. A tie is seen as one, and goes away from zero. What lies closer to a tie
 // than the 15th digit, which Format rounds first, cannot arise within the ranges below.
-constexpr float kLeastSignal = 1E-5F, kBeyondSignal = 1E5F;
+constexpr float kLeastSize = 1E-5F, kBeyondSize = 1E5F;
 constexpr float kLeastRadius = 1.0F, kBeyondRadius = 10.0F;
 
 constexpr std::array<double, 10> kPowers = {1E0, 1E1, 1E2, 1E3, 1E4, 1E5, 1E6, 1E7, 1E8, 1E9};
@@ -47,6 +49,28 @@ int ExponentOf(float value) {
     return exponent;
 }
 
+bool CanBeFast(float value) {
+    const float size = std::fabs(value);
+    return (size >= kLeastSize && size < kBeyondSize) || (size == 0.0F && !std::signbit(value));
+}
+
+/// A minus sign or a blank, five digits, and the exponent.
+char* PutSigned(char* out, float value) {
+    const float size = std::fabs(value);
+    int exponent = size == 0.0F ? 0 : ExponentOf(size);
+    auto digits = static_cast<std::uint32_t>(size * kPowers[static_cast<std::size_t>(4 - exponent)] + 0.5);
+    if (digits == 100000) {
+        digits = 10000;
+        ++exponent;
+    }
+    *out = value < 0.0F ? '-' : ' ';
+    out = PutMantissa(out + 1, digits);
+    out[0] = 'E';
+    out[1] = exponent < 0 ? '-' : '+';
+    PutPair(out + 2, static_cast<std::uint32_t>(std::abs(exponent)));
+    return out + 4;
+}
+
 }  // namespace
 
 char* RadiusField(char* out, float radius) noexcept {
@@ -60,22 +84,17 @@ char* RadiusField(char* out, float radius) noexcept {
 }
 
 char* SignalField(char* out, float signal) noexcept {
-    const float size = std::fabs(signal);
-    if (!(size >= kLeastSignal && size < kBeyondSignal))
+    if (!CanBeFast(signal))
         return FormatTo(out, signal, kSignal);
-    int exponent = ExponentOf(size);
-    auto digits = static_cast<std::uint32_t>(size * kPowers[static_cast<std::size_t>(4 - exponent)] + 0.5);
-    if (digits == 100000) {
-        digits = 10000;
-        ++exponent;
-    }
-    out[0] = ' ';
-    out[1] = signal < 0.0F ? '-' : ' ';
-    out = PutMantissa(out + 2, digits);
-    out[0] = 'E';
-    out[1] = exponent < 0 ? '-' : '+';
-    PutPair(out + 2, static_cast<std::uint32_t>(std::abs(exponent)));
-    return out + 4;
+    *out = ' ';
+    return PutSigned(out + 1, signal);
+}
+
+char* PlotField(char* out, float value) noexcept {
+    if (!CanBeFast(value))
+        return FormatTo(out, value, kPlot);
+    std::fill_n(out, 3, ' ');
+    return PutSigned(out + 3, value);
 }
 
 }  // namespace halvern

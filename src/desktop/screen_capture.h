@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QWidget>
+
+namespace halvern {
+
+/// What the screen shows of a part of a widget, with whatever covers it. A display that lets no program look at the
+/// screen gives what the widget itself shows.
+///
+/// Given     part   pixels of the screen, from the widget's top left
+/// Note      events other than the user's pass meanwhile, so that a menu that has just been closed is not on the picture
+QImage CaptureOnScreen(QWidget& widget, const QRect& part);
+
+}  // namespace halvern
