@@ -1,7 +1,11 @@
 #include "analysis/time_derivative.h"
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <span>
+#include <vector>
 
 #include "analysis/interpolation.h"
 #include "plot/plot_request.h"
@@ -82,38 +86,59 @@ void ReportDeltaS() {
     PassEventsAndScroll();
 }
 
-/// Ln(radius / meniscus) of the grid points, each taken once: it belongs to the radius and not to the pair of scans.
-class LogarithmsOfRadius {
-  public:
-    double operator()(std::int32_t I) {
-        const auto& S = Store();
-        for (; known_ < I; ++known_) {
-            const double radius = S.GridRadius(known_ + 1);
-            logarithms_(known_ + 1) = Ln(Quotient(radius, static_cast<double>(S.Meniscus)));
-        }
-        return logarithms_(I);
-    }
-
-  private:
-    std::int32_t known_ = 0;
-    BoundedArray<double, Points> logarithms_;
-};
-
-/// dc/dt of one pair over s*, in RateWork and SStar, up to and including the point that crosses 7.2 cm.
-///
-/// Result    points of the curve
-std::int16_t DifferencePair(std::int16_t P, std::int16_t K, float Omega2, LogarithmsOfRadius& LogarithmOf) {
-    auto& S = Store();
-    const double DT = Single(static_cast<double>(S.ScanTime(K)) - S.ScanTime(P));
-    for (std::int16_t I = 1; I <= S.GridPoints; ++I) {
-        const double D = Single(static_cast<double>(S.GridSignal(I, P)) - S.GridSignal(I, K));
-        S.RateWork(I) = Single(Quotient(D, DT));
-        const double perTime = Quotient(LogarithmOf(I), static_cast<double>(S.SedTime));
-        S.SStar(I) = Single(Quotient(perTime, static_cast<double>(Omega2)));
+/// Ln(radius / meniscus) of the grid points, up to and including the one that crosses 7.2 cm. They belong to the radius,
+/// not to the pair of scans.
+std::vector<double> LogarithmsOfRadius() {
+    const auto& S = Store();
+    std::vector<double> logarithms;
+    for (std::int32_t I = 1; I <= S.GridPoints; ++I) {
+        logarithms.push_back(Ln(Quotient(static_cast<double>(S.GridRadius(I)), static_cast<double>(S.Meniscus))));
         if (S.GridRadius(I) > kLastRadius)
-            return I;
+            break;
     }
-    return S.GridPoints;
+    return logarithms;
+}
+
+void FailUnlessFinite(std::span<const float> values) {
+    int isAnyNot = 0;
+    for (const float value : values)
+        isAnyNot |= !(std::fabs(value) <= std::numeric_limits<float>::max());
+    if (isAnyNot != 0)
+        Fail(FailureCode::kOverflow);
+}
+
+// The loops below are plain so that the compiler does several points at once. A difference or a quotient of two singles
+// has the same bits taken in single at once and taken in double and rounded then: 53 bits are more than twice 24 and 2.
+
+/// Signal per second of scan P less scan K.
+void RatesOf(std::span<const float> earlier, std::span<const float> later, float DT, std::span<float> rates) {
+    for (std::size_t i = 0; i < rates.size(); ++i)
+        rates[i] = (earlier[i] - later[i]) / DT;
+    FailUnlessFinite(rates);
+}
+
+void SStarOf(std::span<const double> logarithms, double SedTime, double Omega2, std::span<float> SStar) {
+    for (std::size_t i = 0; i < SStar.size(); ++i)
+        SStar[i] = static_cast<float>(logarithms[i] / SedTime / Omega2);
+    FailUnlessFinite(SStar);
+}
+
+/// dc/dt of one pair over s*, in RateWork and SStar, at the points that have logarithms.
+///
+/// Given     logarithms   see LogarithmsOfRadius; taken here for the first pair
+void DifferencePair(std::int32_t P, std::int32_t K, float Omega2, std::vector<double>& logarithms) {
+    auto& S = Store();
+    const float DT = Single(static_cast<double>(S.ScanTime(K)) - S.ScanTime(P));
+    if (DT == 0.0F)
+        Fail(FailureCode::kDivisionByZero);
+    if (logarithms.empty())
+        logarithms = LogarithmsOfRadius();
+    if (S.SedTime == 0.0F || Omega2 == 0.0F)
+        Fail(FailureCode::kDivisionByZero);
+    const std::size_t count = logarithms.size();
+    const auto signalsOf = [&](std::int32_t scan) { return std::span<const float>(&S.GridSignal(1, scan), count); };
+    RatesOf(signalsOf(P), signalsOf(K), DT, S.RateWork.Elements().first(count));
+    SStarOf(logarithms, S.SedTime, Omega2, S.SStar.Elements().first(count));
 }
 
 void DifferencePairs() {
@@ -122,14 +147,15 @@ void DifferencePairs() {
     // Kept: rpm to rad/s is 0.104719755 here and 0.1047196 in the scan times and in g(s*).
     const double omega = static_cast<double>(S.ScanSpeed(1)) * 0.104719755;
     const float Omega2 = Single(omega * omega);
-    LogarithmsOfRadius LogarithmOf;
+    std::vector<double> logarithms;
     for (std::int32_t K = S.ScanSkip + 1; K <= 2 * S.ScanSkip; ++K) {
         const auto P = static_cast<std::int16_t>(K - S.ScanSkip);
         const double later = S.ScanTime(K);
         const double earlier = S.ScanTime(P);
         static_cast<void>(Ln(Quotient(later, earlier)));  // times that are no times end it here
         S.SedTime = Single(Quotient(2.0, Quotient(1.0, later) + Quotient(1.0, earlier)));
-        const std::int16_t Count = DifferencePair(P, static_cast<std::int16_t>(K), Omega2, LogarithmOf);
+        DifferencePair(P, K, Omega2, logarithms);
+        const auto Count = static_cast<std::int16_t>(logarithms.size());
         InterpolateToSGrid(S.SStar, S.RateWork, Count, S.SGridPoints, S.DeltaS);
         S.SPoints = S.SGridPoints;
         for (std::int32_t I = 1; I <= S.SGridPoints; ++I)
@@ -167,9 +193,8 @@ void ReportLargestMass(float MaxMass) {
 
 }  // namespace
 
-void KeldIt_Click() {
+void CalculateRates() {
     auto& S = Store();
-    MousePointer(kPointerHourglass);
     if (S.IsInterference)
         S.GridPoints = TakeGridOfFirstScan();
     else
@@ -179,6 +204,11 @@ void KeldIt_Click() {
     ReportDeltaS();
     DifferencePairs();
     AveragePairs();
+}
+
+void KeldIt_Click() {
+    MousePointer(kPointerHourglass);
+    CalculateRates();
     Menus().PlotAvekeld.Enable();
     Menus().PlotRawkeld.Enable();
     Menus().SetKeldZero.Enable();

@@ -2,6 +2,12 @@
 
 namespace halvern {
 
+/// dc/dt of each scan of the first half with its partner of the second, over s*, and the mean of the pairs. The report
+/// tells of the spacing of s*.
+///
+/// Fails     as KeldIt_Click
+void CalculateRates();
+
 /// "Calculate dc/dt": the time derivative of the signal on a uniform s* grid, from pairs of scans.
 ///
 /// Scan P of the first half of the data set is paired with scan P + ScanSkip of the second half; with an odd number of

@@ -20,6 +20,11 @@ namespace halvern {
 
 namespace {
 
+void FailUnlessClipboardIsOurs() {
+    if (!QGuiApplication::clipboard()->ownsClipboard())
+        Fail(FailureCode::kClipboardError);
+}
+
 QSize ScreenSize() { return QGuiApplication::primaryScreen()->geometry().size(); }
 
 }  // namespace
@@ -183,8 +188,11 @@ BitmapPointer QtDesktop::CaptureArea(Form& form, bool clientOnly, std::int32_t l
                                      std::int32_t width, std::int32_t height) {
     FormView& view = *forms_.at(&form);
     view.Surface();
-    QWidget& area = clientOnly ? view.Window()->Client() : *view.Window();
-    const QImage picture = CaptureOnScreen(area, {left, top, width, height});
+    FormWindow& window = *view.Window();
+    QWidget& area = clientOnly ? window.Client() : window;
+    const QPoint frame = clientOnly ? QPoint() : window.geometry().topLeft() - window.frameGeometry().topLeft();
+    const QPoint corner = QPoint(left, top) - frame * window.devicePixelRatio();
+    const QImage picture = CaptureOnScreen(area, {corner, QSize(width, height)});
     gate_.ThrowIfEnded();
     return std::make_shared<ImageBitmap>(picture);
 }
@@ -201,9 +209,13 @@ void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }
 
 void QtDesktop::SetClipboardText(const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    FailUnlessClipboardIsOurs();
 }
 
-void QtDesktop::SetClipboardPicture(const Bitmap& picture) { QGuiApplication::clipboard()->setImage(ImageOn(picture)); }
+void QtDesktop::SetClipboardPicture(const Bitmap& picture) {
+    QGuiApplication::clipboard()->setImage(ImageOn(picture));
+    FailUnlessClipboardIsOurs();
+}
 
 std::vector<std::string> QtDesktop::PrinterNames() { return printers_.List().names; }
 

@@ -36,18 +36,22 @@ FileDialog FirstDataFileDialog() {
             .fileName = {}};
 }
 
+std::size_t CharactersIn(std::string_view text) {
+    std::size_t characters = 0;
+    for (; !text.empty(); text.remove_prefix(CharacterLength(text)))
+        ++characters;
+    return characters;
+}
+
 /// The last characters of a text, whole ones.
 std::string_view LastCharacters(std::string_view text, std::size_t count) {
-    std::size_t characters = 0;
-    for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(CharacterLength(rest)))
-        ++characters;
-    for (; characters > count; --characters)
+    for (std::size_t characters = CharactersIn(text); characters > count; --characters)
         text.remove_prefix(CharacterLength(text));
     return text;
 }
 
 std::string ShortPath(std::string_view path) {
-    if (LastCharacters(path, kLongestShown).size() == path.size())
+    if (CharactersIn(path) <= kLongestShown)
         return std::string(path);
     return Concat({"...", LastCharacters(path, kShownEnd)});
 }
@@ -62,11 +66,11 @@ struct ScanFileName {
 /// Fails     5 where no five characters stand before a dot, 6 where they hold a number above 32767
 ScanFileName TakeApart(std::string_view path) {
     const std::size_t dot = path.find('.');
-    if (dot == std::string_view::npos || dot < kDigits)
+    if (dot == std::string_view::npos || CharactersIn(path.substr(0, dot)) < kDigits)
         Fail(FailureCode::kInvalidProcedureCall, std::string(path));
-    const std::size_t digits = dot - kDigits;
-    return {.base = std::string(Trimmed(path.substr(0, digits))),
-            .number = ToInteger16(Val(path.substr(digits, kDigits))),
+    const std::string_view digits = LastCharacters(path.substr(0, dot), kDigits);
+    return {.base = std::string(Trimmed(path.substr(0, dot - digits.size()))),
+            .number = ToInteger16(Val(digits)),
             .extension = std::string(Trimmed(path.substr(dot)))};
 }
 

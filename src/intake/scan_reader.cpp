@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <string_view>
 
+#include "intake/plain_point.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
 #include "store/files.h"
+#include "store/input_file.h"
 #include "store/single.h"
 #include "store/val.h"
 #include "ui/desktop.h"
@@ -31,7 +33,7 @@ std::string_view Part(std::string_view line, Field field) {
 /// Keeps the last line read, in LineBuf as well: a copy for each of a million lines would cost more than their numbers.
 class LineReader {
   public:
-    explicit LineReader(std::int16_t fileNumber) : fileNumber_(fileNumber) {}
+    explicit LineReader(std::int16_t fileNumber) : file_(OpenedForInput(fileNumber)) {}
     ~LineReader() {
         if (line_.data() != nullptr)
             Store().LineBuf = line_;
@@ -39,13 +41,14 @@ class LineReader {
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
+    bool AtEnd() { return file_.AtEnd(); }
     std::string_view Next() {
-        line_ = ReadLine(fileNumber_).substr(0, kLineBufCharacters);
+        line_ = file_.ReadLine().substr(0, kLineBufCharacters);
         return line_;
     }
 
   private:
-    std::int16_t fileNumber_;
+    InputFile& file_;
     std::string_view line_;
 };
 
@@ -82,10 +85,15 @@ void ReadScan(std::int16_t I, std::int16_t fileNumber) {
         LineReader lines(fileNumber);
         lines.Next();
         ReadHeader(lines.Next(), I);
-        while (!AtEnd(fileNumber)) {
+        while (!lines.AtEnd()) {
             const std::string_view line = lines.Next();
-            S.ScanData(J, 1, I) = Single(Val(Part(line, kRadius)));
-            S.ScanData(J, 2, I) = Single(Val(Part(line, kSignal)));
+            if (ScanPoint point; ReadPlainPoint(line, point)) [[likely]] {
+                S.ScanData(J, 1, I) = point.radius;
+                S.ScanData(J, 2, I) = point.signal;
+            } else {
+                S.ScanData(J, 1, I) = Single(Val(Part(line, kRadius)));
+                S.ScanData(J, 2, I) = Single(Val(Part(line, kSignal)));
+            }
             ++J;
         }
     }

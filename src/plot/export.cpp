@@ -75,14 +75,19 @@ BitmapPointer CaptureClient(Form& form) {
     return CaptureArea(form, true, 0, 0, ToInteger32(client.PixelWidth()), ToInteger32(client.PixelHeight()));
 }
 
+// The products are exact; of the quotients, two that are equal could come out different in their last bit.
+bool FillsWidth(const Bitmap& picture, float pageWidth, float pageHeight) {
+    return static_cast<double>(picture.PixelWidth()) * pageHeight >=
+           static_cast<double>(picture.PixelHeight()) * pageWidth;
+}
+
 void PrintPictureFit(Printer& printer, const Bitmap& picture) {
     const double width = picture.PixelWidth(), height = picture.PixelHeight();
     printer.SetOrientation(height >= width ? Orientation::kPortrait : Orientation::kLandscape);
     const double PicRatio = width / height;
     const double PrnWidth = HiMetric(printer.ScaleWidth());
     const double PrnHeight = HiMetric(printer.ScaleHeight());
-    const double PrnRatio = PrnWidth / PrnHeight;
-    const bool fillsWidth = PicRatio >= PrnRatio;
+    const bool fillsWidth = FillsWidth(picture, printer.ScaleWidth(), printer.ScaleHeight());
     const double PrintWidth = TwipsOf(fillsWidth ? PrnWidth : PrnHeight * PicRatio);
     const double PrintHeight = TwipsOf(fillsWidth ? PrnWidth / PicRatio : PrnHeight);
     const double Left = std::max(0.0, (printer.ScaleWidth() - PrintWidth * kPrintedPart) / 2.0);

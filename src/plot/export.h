@@ -33,6 +33,10 @@ BitmapPointer CaptureArea(Form& window, bool ClientOnly, std::int32_t Left, std:
 /// The picture of the whole client area.
 BitmapPointer CaptureClient(Form& form);
 
+/// Whether a picture in its own proportions meets the sides of a page first, not its top and bottom; true also where both
+/// have the same proportions.
+bool FillsWidth(const Bitmap& picture, float pageWidth, float pageHeight);
+
 /// Lays a picture on a page: in its own proportions, in the middle, at 80 % of the largest size that fits.
 ///
 /// Note      the document is not ended

@@ -64,9 +64,11 @@ void TypeEvent(ReplayDesktop& desktop, Arguments arguments) {
     if (named.control->Kind() != ControlKind::kTextBox)
         throw ScriptError(named.control->Name() + " is no text box");
     CheckWayTo(named);
+    auto& box = static_cast<TextBox&>(*named.control);
+    if (box.Click)
+        throw ScriptError(box.Name() + " is filled by a click");
     if (!FocusIsFree(desktop, *named.control))
         return;
-    auto& box = static_cast<TextBox&>(*named.control);
     if (box.GotFocus)
         box.GotFocus();
     box.Type(arguments[1]);
@@ -127,7 +129,8 @@ std::vector<bool> SelectionOf(Arguments arguments) {
     return selected;
 }
 
-void SelectEvent(ReplayDesktop& /*desktop*/, Arguments arguments) {
+void SelectEvent(ReplayDesktop& desktop, Arguments arguments) {
+    CheckWayTo(FindControl(desktop.Windows(), "Keld.OutFileBox"));
     const std::vector<bool> selected = SelectionOf(arguments);
     for (std::size_t i = 0; i < selected.size(); ++i)
         OutFileBox().Select(i, selected[i]);

@@ -29,8 +29,7 @@ std::filesystem::path Accepted(const FileDialog& dialog, const std::filesystem::
 
 bool IsFileThatExists(const std::filesystem::path& path) {
     std::error_code error;
-    const auto status = std::filesystem::status(path, error);
-    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+    return std::filesystem::is_regular_file(path, error);
 }
 
 }  // namespace

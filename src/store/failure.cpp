@@ -28,6 +28,7 @@ constexpr FailureRow kFailures[] = {
     {FailureCode::kPathOrFileAccess, "Path/File access error"},
     {FailureCode::kPathNotFound, "Path not found"},
     {FailureCode::kPrinterError, "Printer error"},
+    {FailureCode::kClipboardError, "Can't open Clipboard"},
     {FailureCode::kCancelled, "Cancel was selected"},
 };
 

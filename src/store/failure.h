@@ -23,6 +23,7 @@ enum class FailureCode : int {
     kPathOrFileAccess = 75,
     kPathNotFound = 76,
     kPrinterError = 482,
+    kClipboardError = 521,
     kCancelled = 32755,
 };
 

@@ -84,6 +84,8 @@ void OpenForInput(std::int16_t number, std::string_view name) { OpenAs<InputFile
 
 void OpenForOutput(std::int16_t number, std::string_view name) { OpenAs<OutputFile>(number, name); }
 
+InputFile& OpenedForInput(std::int16_t number) { return OpenedAs<InputFile>(number); }
+
 bool AtEnd(std::int16_t number) { return OpenedAs<InputFile>(number).AtEnd(); }
 
 std::string_view ReadLine(std::int16_t number) { return OpenedAs<InputFile>(number).ReadLine(); }

@@ -33,6 +33,11 @@ void OpenForOutput(std::int16_t number, std::string_view name);
 /// Whether every line has been read. Fails 52 for a number that is not open, 57 when the file cannot be read.
 bool AtEnd(std::int16_t number);
 
+class InputFile;
+
+/// The file itself, for whoever reads many lines; valid until Close. Fails 52 for a number that is not open for input.
+InputFile& OpenedForInput(std::int16_t number);
+
 /// The next line without its end, which is LF or CR LF; the last line may lack one.
 ///
 /// The text is valid until the next call for this file. Of a line longer than InputFile::kLongestLine bytes the rest is

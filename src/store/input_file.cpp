@@ -30,7 +30,8 @@ InputFile::InputFile(std::string name)
 
 InputFile::~InputFile() { ::close(descriptor_); }
 
-std::string_view InputFile::ReadLine() {
+/// A line of which the buffer does not hold the end.
+std::string_view InputFile::ReadOn() {
     if (AtEnd())
         Fail(FailureCode::kInputPastEnd, name_);
     std::size_t searched = 0;
@@ -74,14 +75,6 @@ void InputFile::MakeRoom() {
     auto larger = std::make_unique_for_overwrite<char[]>(capacity_);
     std::memcpy(larger.get(), buffer_.get(), held);
     buffer_ = std::move(larger);
-}
-
-std::string_view InputFile::Take(std::size_t size, std::size_t lineFeed) {
-    std::string_view line(buffer_.get() + next_, size);
-    next_ += size + lineFeed;
-    if (lineFeed != 0 && line.ends_with('\r'))
-        line.remove_suffix(1);
-    return line;
 }
 
 /// The buffer is full and holds no line end: keeps its first part, and passes over the rest of the line.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,15 +27,28 @@ class InputFile {
     /// the rest is lost.
     ///
     /// Fails     62 at the end, 57 when the file cannot be read
-    std::string_view ReadLine();
+    std::string_view ReadLine() {
+        const char* const start = buffer_.get() + next_;
+        const void* const newline = std::memchr(start, '\n', end_ - next_);
+        if (newline == nullptr) [[unlikely]]
+            return ReadOn();
+        return Take(static_cast<std::size_t>(static_cast<const char*>(newline) - start), 1);
+    }
     static constexpr std::size_t kLongestLine = 65535;
 
   private:
     static constexpr std::size_t kBufferSize = kLongestLine + 1;
 
+    std::string_view ReadOn();
     bool Fill();
     void MakeRoom();
-    std::string_view Take(std::size_t size, std::size_t lineFeed);
+    std::string_view Take(std::size_t size, std::size_t lineFeed) {
+        std::string_view line(buffer_.get() + next_, size);
+        next_ += size + lineFeed;
+        if (lineFeed != 0 && line.ends_with('\r'))
+            line.remove_suffix(1);
+        return line;
+    }
     std::string_view TakeCut();
 
     int descriptor_;

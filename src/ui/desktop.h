@@ -114,7 +114,7 @@ class Pictures {
     ~Pictures() = default;
 };
 
-/// What other programs can paste.
+/// What other programs can paste. Setting it fails 521 where the display does not take it.
 class Clipboard {
   public:
     virtual void ClearClipboard() = 0;

@@ -63,6 +63,15 @@ struct ListGenerator : ::testing::Test, test::Session {
         }
         return lines;
     }
+    static Lines MenuStates() {
+        Lines states;
+        for (const auto& entry : MainMenuBar().Entries()) {
+            const MenuItem& item = *entry.item;
+            states.push_back(item.Caption() + (item.IsEnabled() ? " enabled" : " disabled") +
+                             (item.IsShown() ? " shown" : " hidden") + (item.IsTicked() ? " ticked" : ""));
+        }
+        return states;
+    }
     static std::string ReportEnd(std::size_t back = 0) {
         const ListBox& report = OutFileBox();
         return report.Line(report.ListCount() - 1 - back);
@@ -285,7 +294,9 @@ TEST_F(ListGenerator, RefusesTypedNumbersAndShowsTheOldOneBehindABlank) {
 
 TEST_F(ListGenerator, EndsTheProgramWhereNoNumberStandsBeforeTheFirstDot) {
     Use([&](GenerateFile& dialog) {
-        for (const char* path : {"/a.IP1", "/noextension", "/1234"}) {
+        for (const char* path : {"/a.IP1", "/noextension", "/1234",
+                                 "/\xC3\xA9"
+                                 "12.IP1"}) {
             desktop.choices.push_back(path);
             dialog.Text3.Click();
             EXPECT_FAILURE(5, dialog.OKMakeFile.Click());
@@ -294,6 +305,14 @@ TEST_F(ListGenerator, EndsTheProgramWhereNoNumberStandsBeforeTheFirstDot) {
         dialog.Text3.Click();
         EXPECT_FAILURE(6, dialog.OKMakeFile.Click());
     });
+}
+
+TEST_F(ListGenerator, CountsCharactersAndNotBytesBeforeTheDot) {
+    std::filesystem::create_directory(folder.Path() / "x1234\xC3\xA9.run");
+    WriteScans({"x1234\xC3\xA9.run/00001.RA1"});
+    Generate("x1234\xC3\xA9.run/00001.RA1", 4, 1);
+    // Five characters stand before the dot, four digits and a letter with its accent, which ends the number.
+    EXPECT_EQ(ReportEnd(), "New ListFile saved as C1_1234-1234_I1.LST");
 }
 
 TEST_F(ListGenerator, FindsOnlyTheFirstFileBelowAFolderWithADot) {
@@ -309,17 +328,20 @@ TEST_F(ListGenerator, ChangesNoMenuAndNoResultOfADataSetThatIsLoaded) {
     Load(list);
     const std::string first(S.FileNames(0).Name());
     const float radius = S.ScanData(3, 1, 2);
-    std::vector<bool> enabled;
-    for (const auto& entry : MainMenuBar().Entries())
-        enabled.push_back(entry.item->IsEnabled());
+    const Lines before = MenuStates();
     WriteScans({"00050.RA1", "00051.RA1"});
     Generate("00050.RA1", 4, 1);
     EXPECT_EQ(S.NumFiles, 6);
     EXPECT_EQ(S.ScanData(3, 1, 2), radius);
     EXPECT_NE(S.FileNames(0).Name(), first);
-    std::size_t i = 0;
-    for (const auto& entry : MainMenuBar().Entries())
-        EXPECT_EQ(entry.item->IsEnabled(), enabled[i++]) << entry.item->Name();
+    EXPECT_EQ(MenuStates(), before);
+}
+
+TEST_F(ListGenerator, ChangesNoMenuWithoutADataSet) {
+    WriteScans({"00050.RA1", "00051.RA1"});
+    const Lines before = MenuStates();
+    Generate("00050.RA1", 4, 1);
+    EXPECT_EQ(MenuStates(), before);
 }
 
 TEST_F(ListGenerator, WritesAListThatLoads) {

@@ -55,6 +55,11 @@ TEST_F(Export, ClearsTheClipboardAndPutsThePictureOnIt) {
     EXPECT_EQ(desktop.clipboard, (Texts{"cleared", "picture 600x400"}));
 }
 
+TEST_F(Export, EndsTheProgramWhenTheClipboardFails) {
+    desktop.clipboardFails = true;
+    EXPECT_FAILURE(521, plot.Menu.ClipPrn.Click());
+}
+
 TEST_F(Export, AsksForABitmapFileAndSavesThePicture) {
     const std::string path = (folder.Path() / "plot.bmp").string();
     desktop.choices.push_back(path);
@@ -112,6 +117,10 @@ TEST_F(Export, FillsTheWidthWithAPictureOfThePagesOwnProportions) {
     desktop.pageWidth = 10000.0F;
     desktop.pageHeight = 12000.0F;
     EXPECT_EQ(Laid(500, 600), (Texts{"portrait", "picture 500x600 at 1000.000,1200.000 size 8000.000,9600.000"}));
+    EXPECT_TRUE(FillsWidth(TestPicture(500, 600), 10000.0F, 12000.0F));
+    EXPECT_FALSE(FillsWidth(TestPicture(499, 600), 10000.0F, 12000.0F));
+    // Here the two quotients, each rounded, differ.
+    EXPECT_TRUE(FillsWidth(TestPicture(11, 15), 11000.0F, 15000.0F));
 }
 
 TEST_F(Export, ChoosesAPrinterForBothWindows) {

@@ -352,6 +352,8 @@ constexpr Refused kRefused[] = {
     {"choose_in_box", "click AllDone\nchoose empty.LST", "a message box is open"},
     {"close_in_box", "close Keld\nclose Keld", "a message box is open"},
 
+    {"select_under_dialog", "click MakeListNow\nselect 0", "the dialog GenerateFile is open"},
+    {"type_where_a_click_fills", "click MakeListNow\ntype Text3 00001.RA1", "Text3 is filled by a click"},
     {"select_line_behind_end", "select 0 2", "no such line of the report: 2"},
     {"select_negative", "select -1", "no such line of the report: -1"},
     {"select_no_number", "select first", "no such line of the report: first"},

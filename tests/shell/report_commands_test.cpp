@@ -9,8 +9,10 @@
 #include "shell/main_window.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "store/printer_menu.h"
 #include "store/report.h"
-#include "support/session.h"
+#include "support/failure.h"
+#include "support/test_desktop.h"
 
 namespace halvern {
 namespace {
@@ -41,6 +43,13 @@ TEST_F(ReportCommands, PrintEachLineAsItStandsAndEndTheDocument) {
     EXPECT_EQ(desktop.printed,
               (Texts{"line   first", "line second  ", "line    ", "line  <dc/dt> & more ", "line last", "end"}));
     EXPECT_EQ(desktop.pointers, (std::vector<int>{kPointerHourglass, kPointerNormal}));
+}
+
+TEST_F(ReportCommands, PrintTheOneLineOfAReportAndEndTheDocument) {
+    while (OutFileBox().ListCount() > 1)
+        RemoveLastLine();
+    Menus().PrintFitting.Click();
+    EXPECT_EQ(desktop.printed, (Texts{"line   first", "end"}));
 }
 
 TEST_F(ReportCommands, PrintTheSelectedLinesAlone) {
@@ -78,9 +87,11 @@ TEST_F(ReportCommands, CopyOneLineWithoutBlanksAtItsEndsAndWithoutALineBreak) {
 }
 
 TEST_F(ReportCommands, CopyLinesInTheOrderOfTheReport) {
-    Select({4, 0, 3});
+    AddLine("behind");
+    AddLine("end ");
+    Select({6, 0, 3});
     Menus().CopySelect.Click();
-    EXPECT_EQ(desktop.clipboard.back(), "text first\r\n<dc/dt> & more\r\nlast");
+    EXPECT_EQ(desktop.clipboard.back(), "text first\r\n<dc/dt> & more\r\nend");
 }
 
 TEST_F(ReportCommands, CopyABlankLineAsAnEmptyOne) {
@@ -104,6 +115,12 @@ TEST_F(ReportCommands, SayThatNothingIsSelectedAndLeaveTheClipboardEmpty) {
     EXPECT_EQ(desktop.pointer, kPointerNormal);
 }
 
+TEST_F(ReportCommands, EndTheProgramWhenTheClipboardFails) {
+    Select({0});
+    desktop.clipboardFails = true;
+    EXPECT_FAILURE(521, Menus().CopySelect.Click());
+}
+
 TEST_F(ReportCommands, ChooseAPrinterForBothWindows) {
     auto& ofPlot = PlotitForm().Menu.PrnArray;
     ASSERT_EQ(ofPlot.Count(), 2U);
@@ -120,13 +137,17 @@ TEST_F(ReportCommands, ChooseAPrinterForBothWindows) {
     EXPECT_EQ(Store().DefaultPrinterName, "Laser");
 }
 
-TEST_F(ReportCommands, ChooseAPrinterBeforeThePlotWindowIsLoaded) {
-    Store().PlotitLoaded = false;
+TEST(PrinterMenus, TickThePrinterChosenBeforeThePlotWindowIsLoaded) {
+    test::TestDesktop desktop;
+    desktop.printers = {"Laser", "Ink"};
+    Store().DefaultPrinterName = "Laser";
+    LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2, Prn2Array_Click);
     Menus().Prn2Array(2).Click();
     EXPECT_TRUE(Menus().Prn2Array(2).IsTicked());
-    EXPECT_TRUE(PlotitForm().Menu.PrnArray(1).IsTicked());
-    EXPECT_FALSE(PlotitForm().Menu.PrnArray(2).IsTicked());
-    Store().PlotitLoaded = true;
+    EXPECT_FALSE(Menus().Prn2Array(1).IsTicked());
+    PlotitForm().Load();
+    EXPECT_TRUE(PlotitForm().Menu.PrnArray(2).IsTicked());
+    EXPECT_FALSE(PlotitForm().Menu.PrnArray(1).IsTicked());
 }
 
 }  // namespace

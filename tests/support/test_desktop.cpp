@@ -91,7 +91,17 @@ void TestDesktop::SavePicture(const Bitmap& picture, const std::string& path) {
     pictures.push_back(SizeOf(picture) + ' ' + path);
 }
 
-void TestDesktop::SetClipboardPicture(const Bitmap& picture) { clipboard.push_back("picture " + SizeOf(picture)); }
+void TestDesktop::SetClipboardText(const std::string& text) {
+    if (clipboardFails)
+        Fail(FailureCode::kClipboardError);
+    clipboard.push_back("text " + text);
+}
+
+void TestDesktop::SetClipboardPicture(const Bitmap& picture) {
+    if (clipboardFails)
+        Fail(FailureCode::kClipboardError);
+    clipboard.push_back("picture " + SizeOf(picture));
+}
 
 void TestDesktop::SetOrientation(Orientation orientation) {
     lying_ = orientation == Orientation::kLandscape;

@@ -59,6 +59,7 @@ class TestDesktop : public Desktop, public Printer, private ControlObserver {
     std::vector<std::size_t> printersSelected;
     /// What became of the clipboard, in its order: "cleared", "text ...", "picture 665x499".
     std::vector<std::string> clipboard;
+    bool clipboardFails = false;
     /// What was printed, in its order: "line ...", "portrait", "picture 665x499 at 1,2 size 3,4", "end".
     std::vector<std::string> printed;
     /// Size of the printer's page in portrait, twips.
@@ -97,7 +98,7 @@ class TestDesktop : public Desktop, public Printer, private ControlObserver {
                               std::int32_t height) override;
     void SavePicture(const Bitmap& picture, const std::string& path) override;
     void ClearClipboard() override { clipboard.emplace_back("cleared"); }
-    void SetClipboardText(const std::string& text) override { clipboard.push_back("text " + text); }
+    void SetClipboardText(const std::string& text) override;
     void SetClipboardPicture(const Bitmap& picture) override;
     bool AnotherInstanceRuns() override { return anotherInstance; }
 
