@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "store/analysis_store.h"
 #include "store/file_command.h"
@@ -72,30 +73,59 @@ std::int32_t MostPointsOfAScan() {
     return MaxPoints;
 }
 
-/// A line that has grown too long is cut, and loses the blanks at its end before the next field follows.
-void Append(const ScanTable& table, std::string& line, const char* field, const char* end) {
-    line.append(field, end);
-    if (line.size() > table.longestLine)
-        line.resize(RightTrimmed(std::string_view(line).substr(0, table.longestLine)).size());
-}
+/// The line of one point of all scans in the making. Its fields are written where they stay.
+class PointLine {
+  public:
+    void Clear() { size_ = 0; }
+    std::string_view Text() const { return {text_.data(), size_}; }
 
-void AppendPoint(const ScanTable& table, std::string& line, float radius, float signal) {
-    char field[kPointFieldRoom];
-    Append(table, line, field, RadiusField(field, radius));
-    Append(table, line, field, SignalField(field, signal));
-}
+    void Append(const ScanTable& table, float radius, float signal) {
+        if (text_.size() < size_ + 2 * kPointFieldRoom)
+            text_.resize(2 * text_.size() + 2 * kPointFieldRoom);
+        AppendRadius(radius);
+        Cut(table);
+        size_ = static_cast<std::size_t>(SignalField(End(), signal) - text_.data());
+        Cut(table);
+    }
 
-/// Lines of the points `first` to `last`; `lines` are as many texts that are used again and again.
-void WritePoints(const ScanTable& table, std::int32_t first, std::int32_t last,
-                 std::array<std::string, kPointsAtATime>& lines) {
+  private:
+    char* End() { return text_.data() + size_; }
+
+    /// The scans of an interferometer have their points at the same radii: mostly the text stands already.
+    void AppendRadius(float radius) {
+        if (radius != radius_ || radiusSize_ == 0) {
+            radius_ = radius;
+            radiusSize_ = static_cast<std::size_t>(RadiusField(radiusText_.data(), radius) - radiusText_.data());
+        }
+        std::copy_n(radiusText_.data(), radiusSize_, End());
+        size_ += radiusSize_;
+    }
+
+    /// A line that has grown too long is cut, and loses the blanks at its end before the next field follows.
+    void Cut(const ScanTable& table) {
+        if (size_ > table.longestLine)
+            size_ = RightTrimmed(Text().substr(0, table.longestLine)).size();
+    }
+
+    std::vector<char> text_;
+    std::size_t size_ = 0;
+    float radius_ = 0.0F;
+    std::array<char, kPointFieldRoom> radiusText_;
+    std::size_t radiusSize_ = 0;
+};
+
+using PointLines = std::array<PointLine, kPointsAtATime>;
+
+/// Lines of the points `first` to `last`; `lines` are used again and again.
+void WritePoints(const ScanTable& table, std::int32_t first, std::int32_t last, PointLines& lines) {
     const auto& S = Store();
-    for (std::string& line : lines)
-        line.clear();
+    for (PointLine& line : lines)
+        line.Clear();
     for (std::int32_t K = 1; K <= S.NumFiles; ++K)
         for (std::int32_t J = first; J <= last; ++J)
-            AppendPoint(table, lines[static_cast<std::size_t>(J - first)], S.ScanData(J, 1, K), table.signal(J, K));
+            lines[static_cast<std::size_t>(J - first)].Append(table, S.ScanData(J, 1, K), table.signal(J, K));
     for (std::int32_t J = first; J <= last; ++J)
-        WriteLineOf(table, lines[static_cast<std::size_t>(J - first)]);
+        WriteLineOf(table, lines[static_cast<std::size_t>(J - first)].Text());
 }
 
 void WriteTable(const ScanTable& table) {
@@ -105,7 +135,7 @@ void WriteTable(const ScanTable& table) {
     MousePointer(kPointerHourglass);
     OpenTableFile(chosen);
     WriteHead(table);
-    std::array<std::string, kPointsAtATime> lines;
+    PointLines lines;
     const std::int32_t MaxPoints = MostPointsOfAScan();
     for (std::int32_t first = 1; first <= MaxPoints; first += kPointsAtATime)
         WritePoints(table, first, std::min(first + kPointsAtATime - 1, MaxPoints), lines);

@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 
 namespace halvern {
 
@@ -22,10 +24,17 @@ constexpr float kLeastRadius = 1.0F, kBeyondRadius = 10.0F;
 
 constexpr std::array<double, 10> kPowers = {1E0, 1E1, 1E2, 1E3, 1E4, 1E5, 1E6, 1E7, 1E8, 1E9};
 
-void PutPair(char* out, std::uint32_t pair) {
-    out[0] = static_cast<char>('0' + pair / 10);
-    out[1] = static_cast<char>('0' + pair % 10);
-}
+/// "00" to "99", one behind the other.
+constexpr auto kPairs = [] {
+    std::array<char, 200> pairs{};
+    for (std::size_t i = 0; i < 100; ++i) {
+        pairs[2 * i] = static_cast<char>('0' + i / 10);
+        pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
+    }
+    return pairs;
+}();
+
+void PutPair(char* out, std::uint32_t pair) { std::memcpy(out, &kPairs[2 * pair], 2); }
 
 /// Five digits with a point behind the first.
 char* PutMantissa(char* out, std::uint32_t digits) {
@@ -37,16 +46,13 @@ char* PutMantissa(char* out, std::uint32_t digits) {
     return out + 6;
 }
 
-/// The decimal exponent of a positive number within the range of the fast way.
+/// The decimal exponent of a positive number within the range of the fast way: the one that its binary exponent gives to
+/// the power of two below it, or one more.
 int ExponentOf(float value) {
-    constexpr std::array<float, 9> kLeast = {1E4F, 1E3F, 1E2F, 1E1F, 1E0F, 1E-1F, 1E-2F, 1E-3F, 1E-4F};
-    int exponent = 4;
-    for (const float least : kLeast) {
-        if (value >= least)
-            break;
-        --exponent;
-    }
-    return exponent;
+    constexpr std::array<float, 11> kLeast = {1E-5F, 1E-4F, 1E-3F, 1E-2F, 1E-1F, 1E0F, 1E1F, 1E2F, 1E3F, 1E4F, 1E5F};
+    const int binary = static_cast<int>(std::bit_cast<std::uint32_t>(value) >> 23) - 127;
+    const int lower = (binary * 1233 + 6 * 4096) / 4096 - 6;  // 1233 / 4096 is the logarithm of 2
+    return lower + (value >= kLeast[static_cast<std::size_t>(lower + 6)] ? 1 : 0);
 }
 
 bool CanBeFast(float value) {

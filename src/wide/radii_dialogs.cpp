@@ -87,16 +87,16 @@ const WidePlot kPlotIntegral{"PlotIntegral",
                              "Integral{s* x g(s*)}"};
 
 RadiiDialog::RadiiDialog(const WidePlot& plot)
-    : Form(plot.form, "Radii To Plot", {3000, 1500, 4500, 6000}), plot_(plot) {
-    Add("Label1", Label1, {300, 150, 3900, 600});
-    Add("Frame1", Frame1, {900, 750, 2700, 4350});
+    : Form(plot.form, "Radii To Plot", {3000, 1500, 6600, 6000}), plot_(plot) {
+    Add("Label1", Label1, {300, 150, 6000, 600});
+    Add("Frame1", Frame1, {1950, 750, 2700, 4350});
     for (std::size_t i = 0; i < UseRadii.size(); ++i) {
         const auto row = static_cast<std::int32_t>(i);
         UseRadii[i].SetCaption("Check1");
-        Add("UseRadii(" + std::to_string(i) + ")", UseRadii[i], {1650, 1050 + 360 * row, 1500, 330});
+        Add("UseRadii(" + std::to_string(i) + ")", UseRadii[i], {2700, 1050 + 360 * row, 1500, 330});
     }
-    Add("PlotEmUp", PlotEmUp, {600, 5340, 1200, 420});
-    Add("NeverMind2", NeverMind2, {2700, 5340, 1200, 420});
+    Add("PlotEmUp", PlotEmUp, {1650, 5340, 1200, 420});
+    Add("NeverMind2", NeverMind2, {3750, 5340, 1200, 420});
     SetCancelButton(NeverMind2);
     PlotEmUp.Click = [this] { PlotEmUp_Click(); };
     NeverMind2.Click = [this] { NeverMind2_Click(); };

@@ -26,9 +26,9 @@ void WithdrawDistribution() {
 }  // namespace
 
 SetSmooth::SetSmooth() : Form("SetSmooth", "Set Soothing Window", {3000, 3000, 4500, 1950}) {
-    Add("Label1", Label1, {300, 300, 2100, 300});
-    Add("Text1", Text1, {2400, 240, 750, 375});
-    Add("UpDown1", UpDown1, {3150, 240, 255, 375});
+    Add("Label1", Label1, {300, 300, 2550, 300});
+    Add("Text1", Text1, {2850, 240, 750, 375});
+    Add("UpDown1", UpDown1, {3600, 240, 255, 375});
     Add("Label2", Label2, {1200, 750, 2700, 300});
     Add("IsOK", IsOK, {600, 1275, 1200, 420});
     Add("MaybeLater", MaybeLater, {2700, 1275, 1200, 420});

@@ -24,9 +24,9 @@ struct Analysis : test::PlotSession {
     /// The scans of the sample, made as a user has them made. Returns the path of their list.
     std::string MakeSample() const {
         const auto made =
-            test::RunCommand(HALVERN_SAMPLES "/make " HALVERN_SIMULATE " '" + folder.Path().string() + "'");
+            test::RunCommand(HALVERN_SAMPLES "/make " HALVERN_SIMULATE " '" + folder.Path().string() + "' two-species");
         EXPECT_EQ(made.status, 0) << made.output;
-        return (folder.Path() / "middle.LST").string();
+        return (folder.Path() / "two-species" / "middle.LST").string();
     }
     void Save(test::User& user, const MenuItem& item, const char* title, const char* name) {
         ChooseItems(user, 'o', {&Menus().KeldOut, &item});
@@ -133,7 +133,7 @@ TEST_F(Analysis, OfTheSampleComesOutAsInItsReplay) {
     EXPECT_EQ(status, 0);
 
     folder.Write("replay.session",
-                 "click GetListNow\nchoose middle.LST\nclick Set_MenManually\n"
+                 "click GetListNow\nchoose two-species/middle.LST\ncd ..\nclick Set_MenManually\n"
                  "type Text1 5.95\nclick IsOK\nclick KeldIt\nclick SetKeldZero\n"
                  "mouse left+ctrl " +
                      zero.x + " " + zero.y +

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QProcess>
-#include <QPushButton>
 #include <QToolButton>
 
 #include <cmath>
@@ -55,30 +53,11 @@ struct Interference : test::PlotSession {
         std::ifstream in(folder.Path() / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
     }
-    static void PressButton(test::User& user, const char* caption) {
-        user.Click(user.Look([=] {
-            for (QPushButton* button : QApplication::activeWindow()->findChildren<QPushButton*>())
-                if (button->isVisible() && button->text() == QLatin1String(caption))
-                    return button->mapToGlobal(button->rect().center());
-            return QPoint();
-        }));
-    }
     PlotPlace PickRadius(test::User& user, double radius) {
         const PlotPlace place = PlaceAtData(user, radius);
         ClickWith(user, "ctrl", 1, place.onScreen);
         user.Await("the radius", [=] { return std::fabs(Store().Meniscus - radius) < 0.005; });
         return place;
-    }
-    void Save(test::User& user, const std::vector<const MenuItem*>& items, const char* title, const char* name) {
-        TurnToMainWindow(user);
-        ChooseItems(user, 'o', items);
-        user.AwaitWindow(title);
-        TypePath(user, (folder.Path() / name).string());
-        user.Press("Return");
-        user.Await("the question whether to create it",
-                   [] { return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; });
-        user.Press("y");
-        user.AwaitNoWindow(title);
     }
 };
 
@@ -156,9 +135,10 @@ TEST_F(Interference, IsConditionedAsInItsReplay) {
         user.AwaitWindow(test::kPlotWindow);
         user.Photograph("i6-g-hat");
 
-        Save(user, {&Menus().KeldOut, &Menus().KeldOutGofS}, "Keld G-of-S Output", "gofs-by-hand.txt");
-        Save(user, {&Menus().AllDataOut, &Menus().CorrectedDataOut}, "Output Jitter + I.F.S. Corrected Data",
-             "scans-by-hand.txt");
+        SaveAs(user, {&Menus().KeldOut, &Menus().KeldOutGofS}, "Keld G-of-S Output",
+               (folder.Path() / "gofs-by-hand.txt").string());
+        SaveAs(user, {&Menus().AllDataOut, &Menus().CorrectedDataOut}, "Output Jitter + I.F.S. Corrected Data",
+               (folder.Path() / "scans-by-hand.txt").string());
         TurnToMainWindow(user);
         Exit(user);
     });

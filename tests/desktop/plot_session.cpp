@@ -1,15 +1,36 @@
 #include "desktop/plot_session.h"
 
 #include <QApplication>
-#include <QPushButton>
 
 #include <cstdio>
 #include <stdexcept>
 
+#include "desktop/moving_boundary.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
+#include "store/menus.h"
 
 namespace halvern::test {
+
+std::string PlotSession::ShowRawRate(User& user) {
+    Start(user);
+    Load(user, WriteMovingBoundary(folder));
+    ChooseItems(user, 'd', {&Menus().dummy_men, &Menus().Set_MenManually});
+    user.AwaitWindow("Set Meniscus Position");
+    user.Type("5.98");
+    user.Press("Return");
+    user.AwaitNoWindow("Set Meniscus Position");
+    ChooseItems(user, 'd', {&Menus().KeldIt});
+    const std::string window = user.AwaitWindow(kPlotWindow);
+    // Drawn, and nothing more to come of its coming up.
+    user.Await("the plot", [] { return PlotShows("Raw <dc/dt> vs S"); });
+    return window;
+}
+
+void PlotSession::Leave(User& user) {
+    TurnToMainWindow(user);
+    Exit(user);
+}
 
 SurfaceView& PlotSession::SurfaceOfPlot() {
     for (QWidget* widget : QApplication::allWidgets())
@@ -17,6 +38,29 @@ SurfaceView& PlotSession::SurfaceOfPlot() {
             surface != nullptr && surface->window()->windowTitle() == QLatin1String(kPlotWindow))
             return *surface;
     throw std::logic_error("the plot has no surface");
+}
+
+std::shared_ptr<QFrame> PlotSession::Cover(User& user) {
+    const auto cover = user.Look([] {
+        auto frame = std::make_shared<QFrame>(nullptr, Qt::ToolTip);
+        frame->setStyleSheet("background: " + ColourOfCover().name());
+        frame->setGeometry(QRect(SurfaceOfPlot().mapToGlobal(QPoint(200, 150)), QSize(150, 400)));
+        frame->show();
+        return frame;
+    });
+    user.Await("the cover", [&] {
+        const QPoint middle = cover->geometry().center();
+        const QImage pixel = cover->screen()->grabWindow(0, middle.x(), middle.y(), 1, 1).toImage();
+        return pixel.pixelColor(0, 0) == ColourOfCover();
+    });
+    return cover;
+}
+
+void PlotSession::Uncover(User& user, std::shared_ptr<QFrame>& cover) {
+    user.Look([&] {
+        cover.reset();
+        return true;
+    });
 }
 
 PlotSession::PlotPlace PlotSession::PlaceAt(User& user, double x, double y) {
@@ -38,14 +82,7 @@ void PlotSession::ClickWith(User& user, const std::string& keys, int button, QPo
             " click " + std::to_string(button) + " keyup " + keys);
 }
 
-void PlotSession::PressDone(User& user) {
-    user.Click(user.Look([] {
-        for (QPushButton* button : QApplication::activeWindow()->findChildren<QPushButton*>())
-            if (button->isVisible() && button->text() == QLatin1String("Done"))
-                return button->mapToGlobal(button->rect().center());
-        return QPoint();
-    }));
-}
+void PlotSession::PressDone(User& user) { PressButton(user, "Done"); }
 
 bool PlotSession::PlotShows(const std::string& help) {
     return PlotitForm().IsShown() && std::string(Store().PlotHelp2) == help;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QColor>
+#include <QFrame>
 #include <QPoint>
 
+#include <memory>
 #include <string>
 
 #include "desktop/session.h"
@@ -14,8 +17,18 @@ inline constexpr const char* kPlotWindow = "Quillon V2.0";
 
 /// A session whose user works on the plot.
 struct PlotSession : Session {
+    /// From the start on: the raw dc/dt of a boundary, on a plot that has the keyboard. Returns the window's number.
+    std::string ShowRawRate(User& user);
+    /// Ends the program from the main window.
+    static void Leave(User& user);
+
     /// The surface of the plot window.
     static SurfaceView& SurfaceOfPlot();
+
+    /// Lays a window of one colour over a part of the plot, until it is let go between two events of the program.
+    static std::shared_ptr<QFrame> Cover(User& user);
+    static QColor ColourOfCover() { return {0xC0, 0, 0}; }
+    static void Uncover(User& user, std::shared_ptr<QFrame>& cover);
 
     /// A place on the plot: its pixel on the screen, and the page position that this pixel has, as a script writes it.
     struct PlotPlace {

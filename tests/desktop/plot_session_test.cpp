@@ -29,21 +29,6 @@ View ViewNow(test::User& user) {
 }
 
 struct OnThePlot : test::PlotSession {
-    /// The raw dc/dt of a boundary, on a plot that has the keyboard. Returns the window's number.
-    std::string ShowRawRate(test::User& user) {
-        Start(user);
-        Load(user, test::WriteMovingBoundary(folder));
-        ChooseItems(user, 'd', {&Menus().dummy_men, &Menus().Set_MenManually});
-        user.AwaitWindow("Set Meniscus Position");
-        user.Type("5.98");
-        user.Press("Return");
-        user.AwaitNoWindow("Set Meniscus Position");
-        ChooseItems(user, 'd', {&Menus().KeldIt});
-        const std::string window = user.AwaitWindow(test::kPlotWindow);
-        // Drawn, and nothing more to come of its coming up.
-        user.Await("the plot", [] { return PlotShows("Raw <dc/dt> vs S"); });
-        return window;
-    }
     /// From the raw rate on, the zero level left where it is: the pick of the limits of s*.
     static void StartLimitsPick(test::User& user) {
         TurnToMainWindow(user);
@@ -58,10 +43,6 @@ struct OnThePlot : test::PlotSession {
         ChooseItems(user, 'd', {&Menus().DoGofS});
         user.AwaitWindow(test::kPlotWindow);
         user.Await("the pick", [] { return PlotShows("for calculating g(s*)") && PlotitForm().Command1.IsShown(); });
-    }
-    static void Leave(test::User& user) {
-        TurnToMainWindow(user);
-        Exit(user);
     }
     /// Drags a zoom box open in two moves; the button stays down.
     static void OpenBox(test::User& user, QPoint from, QPoint to) {

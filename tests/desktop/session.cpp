@@ -2,9 +2,11 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include <algorithm>
 #include <chrono>
@@ -72,6 +74,10 @@ void Session::Load(User& user, const std::string& path) {
 
 void Session::ChooseItems(User& user, char menu, const std::vector<const MenuItem*>& items) {
     user.AwaitWindow(kMainWindow);
+    ChooseItemsHere(user, menu, items);
+}
+
+void Session::ChooseItemsHere(User& user, char menu, const std::vector<const MenuItem*>& items) {
     user.Press(std::string("alt+") + menu);
     user.Await("the menu", [] { return QApplication::activePopupWidget() != nullptr; });
     for (const MenuItem* item : items) {
@@ -92,6 +98,41 @@ void Session::ChooseItems(User& user, char menu, const std::vector<const MenuIte
 void Session::TurnToMainWindow(User& user) {
     ActivateWindow(FindWindow(kMainWindow));
     user.AwaitWindow(kMainWindow);
+}
+
+QPoint Session::PlaceOfLine(User& user, int line) {
+    return user.Look([line] {
+        const auto* list = QApplication::activeWindow()->findChild<QListView*>();
+        const QRect place = list->visualRect(list->model()->index(line, 0));
+        return list->viewport()->mapToGlobal(place.topLeft() + QPoint(20, place.height() / 2));
+    });
+}
+
+void Session::PressButton(User& user, const char* caption) {
+    QPoint place;
+    user.Await(std::string("the button ") + caption, [&place, caption] {
+        const QWidget* window = QApplication::activeWindow();
+        for (QPushButton* button : window == nullptr ? QList<QPushButton*>() : window->findChildren<QPushButton*>())
+            if (button->isVisible() && button->text() == QLatin1String(caption)) {
+                place = button->mapToGlobal(button->rect().center());
+                return true;
+            }
+        return false;
+    });
+    user.Click(place);
+}
+
+void Session::SaveAs(User& user, const std::vector<const MenuItem*>& items, const std::string& title,
+                     const std::string& path) {
+    TurnToMainWindow(user);
+    ChooseItems(user, 'o', items);
+    user.AwaitWindow(title);
+    TypePath(user, path);
+    user.Press("Return");
+    user.Await("the question whether to create it",
+               [] { return dynamic_cast<QMessageBox*>(QApplication::activeWindow()) != nullptr; });
+    user.Press("y");
+    user.AwaitNoWindow(title);
 }
 
 QPoint Session::FileMenuOf(User& user) {

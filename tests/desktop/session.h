@@ -38,9 +38,20 @@ struct Session : ::testing::Test {
 
     /// Opens the menu of an access key and clicks through its items, by the program's names for them.
     static void ChooseItems(User& user, char menu, const std::vector<const MenuItem*>& items);
+    /// The same in the menu of the window that has the keyboard, whichever it is.
+    static void ChooseItemsHere(User& user, char menu, const std::vector<const MenuItem*>& items);
 
     static void TurnToMainWindow(User& user);
 
+    /// Clicks the button of this caption in the active window.
+    static void PressButton(User& user, const char* caption);
+
+    /// Output: types a path into the file dialog of this title that the items open, and has the file created.
+    static void SaveAs(User& user, const std::vector<const MenuItem*>& items, const std::string& title,
+                       const std::string& path);
+
+    /// Where a line of the report is on the screen; it has to be in sight. The first has number 0.
+    static QPoint PlaceOfLine(User& user, int line);
     /// Where the first menu of the main window is on the screen.
     static QPoint FileMenuOf(User& user);
     /// A click has been taken by the program, or passed over, when the box over it has the keyboard again.

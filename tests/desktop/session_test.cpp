@@ -257,12 +257,7 @@ TEST_F(Session, SelectsAndScrollsTheReport) {
             return true;
         });
         EXPECT_EQ(user.Look([] { return OutFileBox().TopIndex(); }), 40U);
-        const QPoint third = user.Look([] {
-            auto* list = QApplication::activeWindow()->findChild<QListView*>();
-            return list->viewport()->mapToGlobal(list->visualRect(list->model()->index(42, 0)).topLeft() +
-                                                 QPoint(20, 5));
-        });
-        user.Click(third);
+        user.Click(PlaceOfLine(user, 42));
         user.Await("the line clicked", [] { return OutFileBox().IsSelected(42); });
         user.Press("shift+Down shift+Down");
         user.Await("three lines", [] { return OutFileBox().IsSelected(44); });

@@ -59,7 +59,7 @@ def missing(top, document, presets):
 def make_sample(top, simulate, folder):
     """The sample where scripts/run makes it, in a folder that stands in for the top folder."""
     made = folder / MADE.search((top / "scripts/run").read_text(encoding="utf-8"))[1]
-    subprocess.run([top / "samples/make", simulate, made], check=True, stdout=subprocess.DEVNULL)
+    subprocess.run([top / "samples/make", simulate, made.parent, made.name], check=True, stdout=subprocess.DEVNULL)
     (folder / "samples").symlink_to(top / "samples")
     return made
 

@@ -1,7 +1,4 @@
-// Whole pictures of the plot window, held against those that a person has looked at (tests/render/pictures). Lines, ticks
-// and markers are the same to the pixel; a text may differ where its font is drawn a little otherwise.
-//
-// Where a picture is to change, the new one stands in the folder "pictures" of the build, and is put in place by hand.
+// Whole pictures of the plot window, of requests that the test makes.
 
 #include <gtest/gtest.h>
 
@@ -9,19 +6,20 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
-#include <filesystem>
-#include <string>
+#include <cstdint>
 
 #include "plot/legend.h"
 #include "plot/plot_request.h"
 #include "plot/plot_window.h"
 #include "render/image_canvas.h"
+#include "render/stored_picture.h"
 #include "store/analysis_store.h"
 #include "support/test_desktop.h"
 
 namespace halvern {
 namespace {
+
+using test::ExpectAsStored;
 
 constexpr int kWidth = 665, kHeight = 500;
 
@@ -79,27 +77,6 @@ struct StoredPicture : ::testing::Test {
         request.Symbols(1, 200, kBlack, pointAt);
     }
 };
-
-/// Whether two pixels are told apart by eye.
-bool Differ(QRgb a, QRgb b) {
-    return std::abs(qRed(a) - qRed(b)) > 48 || std::abs(qGreen(a) - qGreen(b)) > 48 ||
-           std::abs(qBlue(a) - qBlue(b)) > 48;
-}
-
-void ExpectAsStored(const QImage& picture, const std::string& name) {
-    const std::filesystem::path made = std::filesystem::path(HALVERN_PICTURES_MADE) / (name + ".png");
-    std::filesystem::create_directories(made.parent_path());
-    ASSERT_TRUE(picture.save(QString::fromStdString(made.string())));
-    const QImage stored(QString::fromStdString((std::filesystem::path(HALVERN_PICTURES) / (name + ".png")).string()));
-    ASSERT_FALSE(stored.isNull()) << "no stored picture " << name;
-    ASSERT_EQ(picture.size(), stored.size());
-    int differing = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x)
-            differing += Differ(picture.pixel(x, y), stored.pixel(x, y)) ? 1 : 0;
-    // All texts together cover some two hundredths of a picture.
-    EXPECT_LT(differing, picture.width() * picture.height() / 200) << name;
-}
 
 TEST_F(StoredPicture, OfRawScans) {
     SetRequestTexts({" ", "Raw Data", "Radius (cm)", "Fringes"});

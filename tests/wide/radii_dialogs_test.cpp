@@ -198,10 +198,16 @@ TEST_F(RadiiDialogs, FailOfALogarithmOfNothing) {
 }
 
 TEST_F(RadiiDialogs, HaveRoomForAllRadiiOfTheLargestDataSet) {
-    S.NumFiles = kMostScans;
-    AnswerOk({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
-    PlotSvsG_Click();
-    EXPECT_EQ(S.PlotCount, 10978);
+    MakeScans(kMostScans, 5);
+    Calculate();
+    for (void (*command)() : {PlotSvsG_Click, PlotLnS_Click, PlotIntegralWD_Click}) {
+        S.PlotCount = 0;
+        AnswerOk({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+        command();
+        EXPECT_EQ(S.PlotCount, 10978);
+        EXPECT_EQ(S.PlotSym(10978), -57 - 64 * 1) << "the line to the first scan";
+        EXPECT_EQ(S.PlotSym(10978 - 498), kPenUp) << "the last of eleven lines of 499 points";
+    }
 }
 
 }  // namespace

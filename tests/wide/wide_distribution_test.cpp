@@ -172,6 +172,39 @@ TEST_F(WideDistributionTest, KeepsTheColumnsOfARadiusThatIsLeftOut) {
     EXPECT_EQ(S.WDGofS(31, 11), kept);
 }
 
+// The nominal 6.5 cm is a single just under it: a scan that ends there does not reach it, the next single does.
+TEST_F(WideDistributionTest, NeedsScansThatGoOnBeyondARadius) {
+    MakeScans(45);
+    Calculate();
+    const float radius = S.WDRadius(6);
+    ASSERT_EQ(radius, 6.4999995F);
+    S.ScanPoints(7) = 700;
+    S.ScanData(700, 1, 7) = radius;
+    Calculate();
+    EXPECT_EQ(S.MinLastRadius, radius);
+    EXPECT_TRUE(S.WDRadiusValid(5));
+    EXPECT_FALSE(S.WDRadiusValid(6));
+    S.ScanData(700, 1, 7) = std::nextafter(radius, 7.0F);
+    Calculate();
+    EXPECT_TRUE(S.WDRadiusValid(6));
+    EXPECT_FALSE(S.WDRadiusValid(7));
+}
+
+TEST_F(WideDistributionTest, OffersRadiiOutOfReachDisabled) {
+    MakeScans(45);
+    S.ScanPoints(7) = 699;  // up to 6.499 cm
+    desktop.dialogs.push_back([](Form& form) {
+        auto& dialog = dynamic_cast<RadiiDialog&>(form);
+        for (std::size_t i = 0; i < 11; ++i) {
+            EXPECT_EQ(dialog.UseRadii[i].IsEnabled(), i < 5) << i;
+            EXPECT_EQ(dialog.UseRadii[i].Value(), 0) << i;
+        }
+        dialog.PlotEmUp.Click();
+    });
+    DoWideStraight_Click();
+    EXPECT_EQ(S.PlotCount, 0);
+}
+
 struct AbsorbanceWideDistribution : WideDistributionTest {
     AbsorbanceWideDistribution() {
         MakeScans(30);
@@ -209,6 +242,49 @@ TEST_F(AbsorbanceWideDistribution, KeepsRawRadiiBehindTheGridOfTheLastScan) {
     EXPECT_NEAR(S.GridRadius(700), 6.5F, 1E-6F);
     EXPECT_EQ(S.GridRadius(701), S.ScanData(701, 1, 30));
     EXPECT_NE(S.GridSignal(1350, 1), 0.0F) << "of longer scans more stands there, and is not read";
+}
+
+// The grid ends with 6.5 cm, point 700, and the eleven points around that radius are 694 to 704.
+TEST_F(AbsorbanceWideDistribution, AveragesUpToFourPointsBeyondTheGrid) {
+    S.ScanPoints(30) = 700;
+    S.ScanData(700, 1, 30) = 6.5004F;
+    const auto calculated = [&] {
+        Calculate();
+        EXPECT_EQ(S.GridPoints, 700);
+        EXPECT_TRUE(S.WDRadiusValid(6));
+        std::vector<float> g;
+        for (std::int32_t J = 2; J <= 30; ++J)
+            g.push_back(S.WDGofS(J, 6));
+        return g;
+    };
+    const auto before = calculated();
+
+    // A longer scan has its own signal there. Grid and data lie within a thousandth of a point of each other.
+    S.ScanData(707, 2, 10) += 1.0F;
+    EXPECT_EQ(calculated(), before);
+    S.ScanData(704, 2, 10) += 1.0F;
+    const auto longer = calculated();
+    EXPECT_NE(longer, before);
+    // Scan 10 is point 21, which has part in the g of points 21 and 22; what integrates them only follows.
+    EXPECT_EQ(std::vector(longer.begin(), longer.begin() + 19), std::vector(before.begin(), before.begin() + 19));
+
+    // Where the short scan has ended, what stood there before counts.
+    S.GridSignal(705, 30) = 5.0F;
+    EXPECT_EQ(calculated(), longer);
+    S.GridSignal(704, 30) = 5.0F;
+    EXPECT_NE(calculated(), longer);
+}
+
+// 6.9 cm is nominally 6.899999; the grid of a scan that ends just beyond that ends with 6.899.
+TEST_F(AbsorbanceWideDistribution, FailsOfARadiusBetweenTheEndsOfGridAndScans) {
+    Calculate();
+    const float radius = S.WDRadius(10);
+    const float last = std::nextafter(radius, 7.0F);
+    ASSERT_LT(last, static_cast<float>(1100 * 0.001F + 5.8)) << "point 1100 of the grid";
+    S.ScanPoints(30) = 1100;
+    S.ScanData(1100, 1, 30) = last;
+    EXPECT_FAILURE(9, (DoWideStraight_Click(), 0));
+    EXPECT_EQ(S.GridPoints, 1099);
 }
 
 TEST(WideGrid, StartsBehind5Point8Centimetres) {

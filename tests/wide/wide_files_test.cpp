@@ -33,9 +33,18 @@ struct WideFiles : test::WideRun {
         command();
         return ReadLines();
     }
-    Lines ReadLines() const {
+    std::string FileBytes() const {
         std::ifstream in(path, std::ios::binary);
-        const std::string content{std::istreambuf_iterator<char>(in), {}};
+        return {std::istreambuf_iterator<char>(in), {}};
+    }
+    static std::string Joined(const Lines& lines) {
+        std::string text;
+        for (const auto& line : lines)
+            text += line + "\r\n";
+        return text;
+    }
+    Lines ReadLines() const {
+        const std::string content = FileBytes();
         Lines lines;
         std::size_t begin = 0;
         for (std::size_t end; (end = content.find("\r\n", begin)) != std::string::npos; begin = end + 2)
@@ -100,9 +109,13 @@ TEST_F(WideFiles, HoldAllElevenRadii) {
 
 TEST_F(WideFiles, WithoutARadiusHoldTheSpeedsAlone) {
     KeepRadii({});
-    const Lines lines = Written(SaveSvsG_Click);
-    EXPECT_EQ(lines[9], " Speed# ");
-    EXPECT_EQ(lines[10], Padded("  003"));
+    for (void (*command)() : {SaveSvsG_Click, SaveLnSvsSG_Click, DoIntegralWD_Click}) {
+        const Lines lines = Written(command);
+        ASSERT_EQ(lines.size(), 10U + 44U);
+        EXPECT_EQ(lines[9], " Speed# ");
+        EXPECT_EQ(lines[10], Padded("  003"));
+        EXPECT_EQ(lines.back(), Padded("  001"));
+    }
 }
 
 TEST_F(WideFiles, LeaveOutARadiusThatTheLastRunLeftOut) {
@@ -148,20 +161,31 @@ TEST_F(WideFiles, WriteTheIntegralOverMiddles) {
 }
 
 TEST_F(WideFiles, TellOfALogarithmOfNothingAndKeepWhatWasWritten) {
-    S.WDSValue(20, 6) = 0.0F;
     struct Command {
         void (*run)();
         const char* text;
+        std::size_t linesWritten;
     };
-    for (const auto& [run, text] : {Command{SaveLnSvsSG_Click, "Error in SaveLnSvsSG!"},
-                                    Command{DoIntegralWD_Click, "Unknown Error in Saving Integral Data!"}}) {
-        const Lines lines = Written(run);
-        EXPECT_EQ(desktop.messages.back().text, text);
-        EXPECT_EQ(desktop.messages.back().title, "Output File Error");
-        EXPECT_EQ(desktop.messages.back().style, 48);
-        EXPECT_GT(lines.size(), 8U);
-        EXPECT_LT(lines.size(), 10U + 44U);
-    }
+    // The rows of points 2 to 19 come before the one that fails; the integral is worked out before the heads are written.
+    constexpr std::size_t kPreamble = 9, kHeads = 1, kRowsBefore = 18;
+    for (const auto& [run, text, linesWritten] :
+         {Command{SaveLnSvsSG_Click, "Error in SaveLnSvsSG!", kPreamble + kHeads + kRowsBefore},
+          Command{DoIntegralWD_Click, "Unknown Error in Saving Integral Data!", kPreamble}})
+        for (const float nothing : {0.0F, -1.5F}) {
+            const float s = S.WDSValue(20, 6);
+            const Lines whole = Written(run);
+            ASSERT_EQ(whole.size(), kPreamble + kHeads + 44);
+            const std::size_t told = desktop.messages.size();
+            S.WDSValue(20, 6) = nothing;
+            const Lines lines = Written(run);
+            S.WDSValue(20, 6) = s;
+            ASSERT_EQ(desktop.messages.size(), told + 1);
+            EXPECT_EQ(desktop.messages.back().text, text);
+            EXPECT_EQ(desktop.messages.back().title, "Output File Error");
+            EXPECT_EQ(desktop.messages.back().style, 48);
+            EXPECT_EQ(lines, Lines(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(linesWritten)));
+            EXPECT_EQ(FileBytes(), Joined(lines)) << "nothing behind the last line";
+        }
 }
 
 TEST_F(WideFiles, TellWhereTheyCanNotBeWritten) {
