@@ -1,7 +1,11 @@
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <limits>
+#include <span>
 
 #include "plot/plot_drawing.h"
 #include "plot/progress.h"
@@ -18,18 +22,18 @@ constexpr std::int32_t kColoursOfPoints = 10;
 constexpr Colour kPickLine = 0x000080, kLevelLine = 0xFF0000;
 constexpr float kLineFrom = 2.5F, kLineTo = 97.5F;
 
-/// The progress bar of the drawing: it moves about ten times, and costs the other points one comparison.
+/// The progress bar of the drawing: it moves about ten times.
 class Progress {
   public:
     explicit Progress(std::int32_t count) : step_(ToInteger32(count / 10.0 + 1.0)), next_(step_) {}
 
+    /// Points up to number i are being drawn.
     void Reached(std::int32_t i) {
-        if (i < next_)
-            return;
-        tenths_ += 10;
-        next_ += step_;
-        CmpltFrmForm().ProgressBar1.SetValue(tenths_);
-        CmpltFrmForm().Refresh();
+        for (; next_ <= i; next_ += step_) {
+            tenths_ += 10;
+            CmpltFrmForm().ProgressBar1.SetValue(tenths_);
+            CmpltFrmForm().Refresh();
+        }
     }
 
   private:
@@ -38,19 +42,90 @@ class Progress {
     int tenths_ = 0;
 };
 
-/// One axis as the points need it, at hand for each of two million.
+/// Points are drawn in blocks of this size at most, all of one code.
+constexpr std::size_t kBlock = 256;
+
+using Values = std::span<const float>;
+
+/// One axis as the points need it, at hand for each of two million. The loops are plain so that the compiler does several
+/// points at once.
 struct AxisView {
     AxisView(float axisMin, float axisMax, float scale) : min(axisMin), max(axisMax), origin(axisMin), perUnit(scale) {}
 
-    float PageAt(float value) const { return Single((value - origin) * perUnit); }
+    float PageAt(float value) const { return static_cast<float>((value - origin) * perUnit); }
+    void PageAt(Values values, float* page) const {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            page[i] = static_cast<float>((values[i] - origin) * perUnit);
+    }
+    /// Beyond either end of the axis a position is that of the box's edge.
+    float ClampedPageAt(float value) const {
+        if (value < min)
+            return 0.0F;
+        return value > max ? kBox : PageAt(value);
+    }
+    void ClampedPageAt(Values values, float* page) const {
+        PageAt(values, page);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const float upTo = values[i] > max ? kBox : page[i];
+            page[i] = values[i] < min ? 0.0F : upTo;
+        }
+    }
+
     bool HasInside(float value) const { return min < value && value < max; }
+    bool HasAllInside(Values values) const {
+        int isAnyOut = 0;
+        for (const float value : values)
+            isAnyOut |= static_cast<int>(!(min < value)) | static_cast<int>(!(value < max));
+        return isAnyOut == 0;
+    }
     bool Has(float value) const { return min <= value && value <= max; }
+    bool HasAllUpToEnd(Values values) const {
+        int isAnyBeyond = 0;
+        for (const float value : values)
+            isAnyBeyond |= static_cast<int>(!(value <= max));
+        return isAnyBeyond == 0;
+    }
 
     float min, max;
     double origin, perUnit;
 };
 
-/// Draws the points of one picture one after the other.
+/// Page positions of a block of points.
+class PageBlock {
+  public:
+    float* X() { return x_.data(); }
+    float* Y() { return y_.data(); }
+    Canvas::Positions First(std::size_t count) const {
+        return {std::span(x_).first(count), std::span(y_).first(count)};
+    }
+
+    /// Keeps of the first positions those that a condition on their index holds for. Returns how many they are.
+    template <class IsKept>
+    std::size_t Keep(std::size_t count, IsKept isKept) {
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            x_[kept] = x_[i];
+            y_[kept] = y_[i];
+            kept += isKept(i) ? 1U : 0U;
+        }
+        return kept;
+    }
+
+    /// A position too far off for a single ends the program.
+    void Check(std::size_t count) const {
+        int isAnyBad = 0;
+        for (std::size_t i = 0; i < count; ++i)
+            isAnyBad |= static_cast<int>(!(std::fabs(x_[i]) <= std::numeric_limits<float>::max())) |
+                        static_cast<int>(!(std::fabs(y_[i]) <= std::numeric_limits<float>::max()));
+        if (isAnyBad != 0)
+            Fail(FailureCode::kOverflow);
+    }
+
+  private:
+    std::array<float, kBlock> x_, y_;
+};
+
+/// Draws the points of one picture, block after block.
 ///
 /// The clipping of lines is rough on purpose: beyond top and bottom a line runs along the edge, at the right it ends with
 /// its last point inside, and to the left it goes out into the margin once the pen is down.
@@ -65,35 +140,46 @@ class PointPen {
             colours_[static_cast<std::size_t>(i)] = Store().PlotColor(i);
     }
 
-    void Marker(float x, float y, std::int32_t code) {
-        if (!x_.HasInside(x) || !y_.HasInside(y))
-            return;
-        const Colour colour = ColourOf(code);
-        canvas_.SetFillColour(colour);
-        canvas_.SetForeColour(colour);
-        canvas_.Circle(x_.PageAt(x), y_.PageAt(y), markerRadius_, colour);
+    void Markers(Values X, Values Y, std::int32_t code) {
+        x_.PageAt(X, page_.X());
+        y_.PageAt(Y, page_.Y());
+        std::size_t count = X.size();
+        if (!x_.HasAllInside(X) || !y_.HasAllInside(Y))
+            count = page_.Keep(count, [&](std::size_t i) { return x_.HasInside(X[i]) & y_.HasInside(Y[i]); });
+        if (count > 0)
+            canvas_.Circles(page_.First(count), markerRadius_, ColourOf(code));
     }
 
-    void LinePoint(float x, float y, std::int32_t code) {
+    void LinePoints(Values X, Values Y, std::int32_t code) {
         const std::int32_t a = std::abs(code);
-        if ((a & 63) == kPenUpCommand)
-            PenUp_ = true;
-        if (!PenUp_) {
-            if (x <= x_.max)
-                canvas_.LineTo(x_.PageAt(x), ClampedY(y), ColourOf(a / 64));
-        } else if (x_.Has(x)) {
-            PenUp_ = false;
-            canvas_.MoveTo(x_.PageAt(x), ClampedY(y));
+        std::size_t i = 0;
+        while (i < X.size() && (PenUp_ || (a & 63) == kPenUpCommand)) {
+            PutPenDown(X[i], Y[i]);
+            ++i;
         }
+        if (i < X.size())
+            DrawLines(X.subspan(i), Y.subspan(i), ColourOf(a / 64));
     }
 
   private:
     Colour ColourOf(std::int32_t number) const { return colours_[static_cast<std::size_t>(number % kColoursOfPoints)]; }
 
-    float ClampedY(float y) const {
-        if (y < y_.min)
-            return 0.0F;
-        return y > y_.max ? kBox : y_.PageAt(y);
+    /// The pen comes down at the first point that the x axis has.
+    void PutPenDown(float x, float y) {
+        PenUp_ = !x_.Has(x);
+        if (!PenUp_)
+            canvas_.MoveTo(x_.PageAt(x), y_.ClampedPageAt(y));
+    }
+
+    void DrawLines(Values X, Values Y, Colour colour) {
+        x_.PageAt(X, page_.X());
+        y_.ClampedPageAt(Y, page_.Y());
+        std::size_t count = X.size();
+        if (!x_.HasAllUpToEnd(X))
+            count = page_.Keep(count, [&](std::size_t i) { return X[i] <= x_.max; });
+        page_.Check(count);
+        if (count > 0)
+            canvas_.LinesTo(page_.First(count), colour);
     }
 
     Canvas& canvas_;
@@ -101,7 +187,17 @@ class PointPen {
     std::array<Colour, kColoursOfPoints> colours_{};
     float markerRadius_;
     bool PenUp_ = false;
+    PageBlock page_;
 };
+
+/// How many points from the first on have its code, kBlock at most.
+std::size_t SameCode(std::span<const std::int16_t> codes) {
+    const std::size_t most = std::min(codes.size(), kBlock);
+    std::size_t count = 1;
+    while (count < most && codes[count] == codes[0])
+        ++count;
+    return count;
+}
 
 }  // namespace
 
@@ -114,13 +210,14 @@ void DrawPoints(const PlotDrawing& drawing, float markerRadius) {
     const auto count = static_cast<std::size_t>(S.PlotCount);
     const auto X = S.PlotX.Elements().first(count), Y = S.PlotY.Elements().first(count);
     const auto Sym = S.PlotSym.Elements().first(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        progress.Reached(static_cast<std::int32_t>(i) + 1);
+    for (std::size_t i = 0, block = 0; i < count; i += block) {
+        block = SameCode(Sym.subspan(i));
+        progress.Reached(static_cast<std::int32_t>(i + block));
         const std::int32_t c = Sym[i];
         if (c > 0 && symbols)
-            pen.Marker(X[i], Y[i], c);
+            pen.Markers(X.subspan(i, block), Y.subspan(i, block), c);
         else if (c < 0 && lines)
-            pen.LinePoint(X[i], Y[i], c);
+            pen.LinePoints(X.subspan(i, block), Y.subspan(i, block), c);
     }
 }
 

@@ -59,6 +59,8 @@ class ImageCanvas final : public Canvas {
     void Box(float x1, float y1, float x2, float y2, Colour colour) override;
     void FilledBox(float x1, float y1, float x2, float y2, Colour colour) override;
     void Circle(float x, float y, float radius, Colour colour) override;
+    void Circles(const Positions& middles, float radius, Colour colour) override;
+    void LinesTo(const Positions& ends, Colour colour) override;
     void Polygon(std::span<const PixelPoint> corners) override;
     void SetFont(int points, bool bold) override { printer_.SetFont(points, bold, ratio_); }
     void SetRotatedFont(int cellPixels) override { printer_.SetRotatedFont(cellPixels, ratio_); }
@@ -74,7 +76,10 @@ class ImageCanvas final : public Canvas {
         double shift = 0.0;  ///< pixel of page position 0
         double Place(float position) const;
         std::int32_t Pixel(float position) const;
+        /// Pixels of many positions, the same as of each.
+        void Pixels(std::span<const float> positions, std::int32_t* pixels) const;
     };
+    class PixelBlocks;
     /// Where the last operation has drawn a marker, or has ended a thin line: the same once more would change nothing.
     struct Drawn {
         PixelPoint marker = kNowhere;
@@ -107,6 +112,8 @@ class ImageCanvas final : public Canvas {
     void DrawLine(PixelPoint from, PixelPoint to, Colour colour);
     void DrawWideLine(PixelPoint from, PixelPoint to, Colour colour);
     void DrawCircle(PixelPoint middle, float radius, Colour colour);
+    void PutDiscs(const Positions& middles, std::uint32_t bits);
+    void DrawThinLines(const Positions& ends, Ink ink, bool goesOn);
     void DrawLargeCircle(PixelPoint middle, std::int32_t radius, Colour colour);
     void PutStamp(PixelPoint middle, Colour colour);
     void WorkOutStamp(float radius);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -68,6 +69,24 @@ class Canvas {
     /// Outline in the fore colour, filled by the fill settings; three corners or more.
     virtual void Polygon(std::span<const PixelPoint> corners) = 0;
 
+    /// Positions on the page, x and y apart, as many of one as of the other.
+    struct Positions {
+        std::span<const float> x, y;
+    };
+
+    /// A circle at each position: the same as the fore and the fill colour set and Circle called for each.
+    virtual void Circles(const Positions& middles, float radius, Colour colour) {
+        SetFillColour(colour);
+        SetForeColour(colour);
+        for (std::size_t i = 0; i < middles.x.size(); ++i)
+            Circle(middles.x[i], middles.y[i], radius, colour);
+    }
+    /// A line to each position: the same as LineTo called for each.
+    virtual void LinesTo(const Positions& ends, Colour colour) {
+        for (std::size_t i = 0; i < ends.x.size(); ++i)
+            LineTo(ends.x[i], ends.y[i], colour);
+    }
+
     void Line(float x1, float y1, float x2, float y2, Colour colour) {
         MoveTo(x1, y1);
         LineTo(x2, y2, colour);
@@ -112,6 +131,8 @@ class NullCanvas final : public Canvas {
     void Box(float, float, float, float, Colour) override {}
     void FilledBox(float, float, float, float, Colour) override {}
     void Circle(float, float, float, Colour) override {}
+    void Circles(const Positions&, float, Colour) override {}
+    void LinesTo(const Positions&, Colour) override {}
     void Polygon(std::span<const PixelPoint>) override {}
     void SetFont(int, bool) override {}
     void SetRotatedFont(int) override {}

@@ -1,0 +1,125 @@
+// Markers and lines of many points at once. A plot has two million of them: what is done for each stands here in loops of
+// which the compiler does several rounds at once.
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "render/image_canvas.h"
+
+namespace halvern {
+
+namespace {
+
+constexpr std::size_t kBlock = 256;
+
+constexpr std::uint32_t kOpaque = 0xFF000000;
+
+bool AreNeighbours(PixelPoint a, PixelPoint b) {
+    return static_cast<std::uint32_t>(a.x - b.x + 1) <= 2 && static_cast<std::uint32_t>(a.y - b.y + 1) <= 2;
+}
+
+bool AreTheSame(PixelPoint a, PixelPoint b) { return a.x == b.x && a.y == b.y; }
+
+}  // namespace
+
+void ImageCanvas::Mapping::Pixels(std::span<const float> positions, std::int32_t* pixels) const {
+    constexpr double kFarthest = kFarthestPixel;
+    for (std::size_t i = 0; i < positions.size(); ++i) {
+        const double place = positions[i] * scale + shift;
+        const double notBefore = place > -kFarthest ? place : -kFarthest;
+        const double within = notBefore < kFarthest ? notBefore : kFarthest;
+        pixels[i] = static_cast<std::int32_t>(within + (kFarthest + 0.5)) - kFarthestPixel;
+    }
+}
+
+/// Hands out the pixels of many positions, block by block.
+class ImageCanvas::PixelBlocks {
+  public:
+    PixelBlocks(const ImageCanvas& canvas, const Positions& positions) : canvas_(canvas), rest_(positions) {}
+
+    /// Result: whether there was another block.
+    bool Next() {
+        size_ = std::min(rest_.x.size(), kBlock);
+        canvas_.across_.Pixels(rest_.x.first(size_), x_.data());
+        canvas_.down_.Pixels(rest_.y.first(size_), y_.data());
+        rest_ = {rest_.x.subspan(size_), rest_.y.subspan(size_)};
+        return size_ > 0;
+    }
+    std::size_t Size() const { return size_; }
+    PixelPoint operator[](std::size_t i) const { return {x_[i], y_[i]}; }
+
+  private:
+    const ImageCanvas& canvas_;
+    Positions rest_;
+    std::size_t size_ = 0;
+    std::array<std::int32_t, kBlock> x_, y_;
+};
+
+void ImageCanvas::Circles(const Positions& middles, float radius, Colour colour) {
+    if (middles.x.empty())
+        return;
+    SetFillColour(colour);
+    SetForeColour(colour);
+    // The first one makes the stamp ready.
+    Circle(middles.x[0], middles.y[0], radius, colour);
+    const bool isPlain = drawMode_ == DrawMode::kCopy && CurrentColours().fillStyle == FillStyle::kSolid &&
+                         stampRadius_ <= kFarthestStampReach;
+    const Positions others{middles.x.subspan(1), middles.y.subspan(1)};
+    if (isPlain)
+        PutDiscs(others, kOpaque | static_cast<std::uint32_t>(colour));
+    else
+        Canvas::Circles(others, radius, colour);
+}
+
+/// Of markers on the same pixel, one behind the other, one is enough.
+void ImageCanvas::PutDiscs(const Positions& middles, std::uint32_t bits) {
+    const Raster pixels = Pixels();
+    PixelPoint last = drawn_.marker;
+    for (PixelBlocks blocks(*this, middles); blocks.Next();)
+        for (std::size_t i = 0; i < blocks.Size(); ++i) {
+            const PixelPoint middle = blocks[i];
+            if (AreTheSame(middle, last))
+                continue;
+            PutDisc(pixels, stamp_, middle, bits);
+            last = middle;
+        }
+    drawn_.marker = last;
+}
+
+void ImageCanvas::LinesTo(const Positions& ends, Colour colour) {
+    if (!thinCopy_)
+        return Canvas::LinesTo(ends, colour);
+    if (ends.x.empty())
+        return;
+    const bool goesOn = drawn_.lineEnd.x != kNowhere.x && drawn_.colour == colour;
+    DrawThinLines(ends, {kOpaque | static_cast<std::uint32_t>(colour), false}, goesOn);
+    currentX_ = ends.x.back();
+    currentY_ = ends.y.back();
+    drawn_.marker = kNowhere;
+    drawn_.lineEnd = current_;
+    drawn_.colour = colour;
+}
+
+/// Given     goesOn   whether the pixel that the pen stands on is drawn already
+void ImageCanvas::DrawThinLines(const Positions& ends, Ink ink, bool goesOn) {
+    const Raster pixels = Pixels();
+    PixelPoint from = current_;
+    for (PixelBlocks blocks(*this, ends); blocks.Next();)
+        for (std::size_t i = 0; i < blocks.Size(); ++i) {
+            const PixelPoint to = blocks[i];
+            if (goesOn && AreTheSame(from, to))
+                continue;
+            if (goesOn && AreNeighbours(from, to) && pixels.Has(to))
+                pixels.Row(to.y)[to.x] = ink.bits;
+            else
+                DrawThinLine(pixels, from, to, ink);
+            goesOn = true;
+            from = to;
+        }
+    current_ = from;
+}
+
+}  // namespace halvern
