@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -41,7 +40,7 @@ struct DrawnPlot : ::testing::Test {
         S.PlotYMax = yMax;
     }
 
-    void Paint(std::initializer_list<CodedPoint> points = {}) {
+    void Paint(const std::vector<CodedPoint>& points = {}) {
         auto& S = Store();
         S.PlotCount = 0;
         for (const CodedPoint& point : points) {

@@ -1,3 +1,6 @@
+#include <cstdlib>
+#include <random>
+
 #include "plot/drawn_plot.h"
 #include "plot/progress.h"
 
@@ -156,6 +159,70 @@ TEST_F(PaintedPlot, ColoursALineByItsHighBitsModuloTen) {
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].colour, 0x00DFDF);
     EXPECT_EQ(lines[1].colour, 0xDFDF00);
+}
+
+/// A drawing operation of a point: a circle, or a line from where the pen stood.
+struct PointMark {
+    bool isLine;
+    float x1, y1, x, y;
+    Colour colour;
+    bool operator==(const PointMark&) const = default;
+};
+
+/// The rules of points, one after the other, for axes from 0 to 120.
+std::vector<PointMark> ExpectedOf(const std::vector<test::CodedPoint>& points) {
+    const auto page = [](float value) { return static_cast<float>(static_cast<double>(value) * (100.0F / 120.0F)); };
+    const auto clampedPage = [&](float y) { return y < 0.0F ? 0.0F : y > 120.0F ? 100.0F : page(y); };
+    std::vector<PointMark> marks;
+    bool penUp = false;
+    float penX = 0.0F, penY = 0.0F;
+    for (const auto& [x, y, code] : points) {
+        const int a = std::abs(code);
+        if (code > 0 && x > 0.0F && x < 120.0F && y > 0.0F && y < 120.0F)
+            marks.push_back({false, 0.0F, 0.0F, page(x), page(y), Store().PlotColor(code % 10)});
+        if (code >= 0)
+            continue;
+        penUp = penUp || a % 64 == 58;
+        if (penUp && x >= 0.0F && x <= 120.0F) {
+            penUp = false;
+            penX = page(x);
+            penY = clampedPage(y);
+        } else if (!penUp && x <= 120.0F) {
+            marks.push_back({true, penX, penY, page(x), clampedPage(y), Store().PlotColor(a / 64 % 10)});
+            penX = page(x);
+            penY = clampedPage(y);
+        }
+    }
+    return marks;
+}
+
+TEST_F(PaintedPlot, DrawsRunsOfAnyLengthPointByPoint) {
+    std::mt19937 random(20261121);
+    std::uniform_real_distribution<float> near(1.0F, 119.0F), far(-40.0F, 160.0F);
+    std::vector<test::CodedPoint> points = {{50.0F, 50.0F, kPen}};
+    for (int run = 0; run < 60; ++run) {
+        const auto curve = static_cast<std::int16_t>(1 + random() % 30);
+        const bool isLine = random() % 2 == 0, hasFar = random() % 3 != 0;
+        const auto count = random() % 2 == 0 ? random() % 5 : random() % 700;
+        if (isLine && random() % 4 != 0)
+            points.push_back({far(random), far(random), -58});
+        for (auto i = count; i > 0; --i)
+            points.push_back({hasFar && random() % 4 == 0 ? far(random) : near(random),
+                              hasFar && random() % 4 == 0 ? far(random) : near(random),
+                              static_cast<std::int16_t>(isLine ? -57 - 64 * curve : curve)});
+        if (random() % 5 == 0)
+            points.push_back({50.0F, 50.0F, 0});
+    }
+    Paint(points);
+    std::vector<PointMark> drawn;
+    for (const Mark& mark : canvas.marks) {
+        if (mark.what == Drew::kCircle)
+            drawn.push_back({false, 0.0F, 0.0F, mark.x1, mark.y1, mark.colour});
+        else if (mark.what == Drew::kLine && mark.width == 1)
+            drawn.push_back({true, mark.x1, mark.y1, mark.x2, mark.y2, mark.colour});
+    }
+    ASSERT_GT(points.size(), 5000U);
+    EXPECT_EQ(drawn, ExpectedOf(points));
 }
 
 TEST_F(PaintedPlot, PassesOverPointsOfCodeZero) {
