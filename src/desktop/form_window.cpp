@@ -169,6 +169,7 @@ void FormWindow::BringUp() {
     if (isVisible() && wantsFront) {
         raise();
         activateWindow();
+        TellItIsUp();
     }
     if (isVisible())
         return;
@@ -264,8 +265,13 @@ void FormWindow::showEvent(QShowEvent* event) {
 }
 
 // What the form has to say to that may be a message box: it waits until the handler that shows the window is through.
+// However often that has shown it, the form is told once.
 void FormWindow::TellItIsUp() {
+    if (willTellItIsUp_)
+        return;
+    willTellItIsUp_ = true;
     const auto tell = [this] {
+        willTellItIsUp_ = false;
         if (!IsLive() || !isVisible() || isMinimized())
             return;
         const QPointer<FormWindow> self = this;

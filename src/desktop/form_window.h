@@ -79,6 +79,7 @@ class FormWindow : public QWidget, public ControlObserver {
 
     Place carriedOut_;  ///< the form's place when it was last carried out
     bool tellingSize_ = false;
+    bool willTellItIsUp_ = false;
     bool tellingItIsUp_ = false;
     QSize refused_;     ///< the last size that the form did not take as it was
     int refusals_ = 0;  ///< how often in a row

@@ -3,15 +3,14 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QGroupBox>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QScreen>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 #include <stdexcept>
 
@@ -90,19 +89,17 @@ QWidget* NewLine(Control& /*control*/, EventGate& /*gate*/, QWidget* parent) {
     return widget;
 }
 
-/// What stands on a panel is bold, and larger where the screen has room for it.
-QFont FontOfPanels() {
-    constexpr int kSmallScreen = 640, kSmallText = 13, kText = 16;
+QFont FontOf(const TextFont& text) {
+    constexpr double kPixelsPerPoint = 96.0 / 72.0;
     QFont font({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
     font.setStyleHint(QFont::Serif);
-    font.setBold(true);
-    font.setPixelSize(QGuiApplication::primaryScreen()->geometry().width() > kSmallScreen ? kText : kSmallText);
+    font.setBold(text.bold);
+    font.setPixelSize(static_cast<int>(std::lround(static_cast<double>(text.points) * kPixelsPerPoint)));
     return font;
 }
 
 QWidget* NewPanel(Control& /*control*/, EventGate& /*gate*/, QWidget* parent) {
     auto* widget = new QFrame(parent);
-    widget->setFont(FontOfPanels());
     widget->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
     widget->setAutoFillBackground(true);
     return widget;
@@ -187,7 +184,11 @@ QWidget* NewWidget(Control& control, EventGate& gate, QWidget* parent) {
     return RowOf(control).make(control, gate, parent);
 }
 
-void Mirror(Control& control, QWidget& widget) { RowOf(control).mirror(control, widget); }
+void Mirror(Control& control, QWidget& widget) {
+    if (control.Font().has_value())
+        widget.setFont(FontOf(*control.Font()));
+    RowOf(control).mirror(control, widget);
+}
 
 void TellName(const Control& control, QWidget& widget) {
     if (control.SpokenName().empty())

@@ -39,6 +39,10 @@ static_assert(NamesDiffer(kPlotMenu));
 static_assert(LevelsStepByOne(kPlotMenu));
 static_assert(std::size(kPlotMenu) == (sizeof(PlotMenu) - sizeof(PrinterItems)) / sizeof(MenuItem));
 
+/// Sizes of texts, points.
+constexpr float kButtonText = 10.5F, kSmallReadOut = 9.75F, kReadOut = 12.0F;
+constexpr double kSmallScreen = 640.0;  ///< pixels wide
+
 constexpr Place kDesign{1095, 1485, 6210, 5685};
 constexpr Place kDoneButton{0, 0, 852, 375};
 constexpr Place kTestButton{840, 0, 852, 375};
@@ -64,6 +68,9 @@ PlotWindow::PlotWindow() : Form("Plotit", "Quillon V2.0", kDesign) {
     Add("OutFileLbl", OutFileLbl, kFileLabel);
     XYCoords.Hold(XYLabel);
     XYCoords.Hold(OutFileLbl);
+    Command1.SetFont({kButtonText});
+    TestIt.SetFont({kButtonText});
+    SetReadOutFont(kSmallReadOut);
     SetSpokenName("Plot");
     XYLabel.SetSpokenName("X,Y read-out");
     Command1.Hide();
@@ -114,6 +121,8 @@ void PlotWindow::Form_Load() {
     auto& S = Store();
     ShowXY_ = S.ShowXYDefault;
     PlaceOnScreen();
+    if (static_cast<double>(TheDesktop().ScreenWidthTwips()) / kTwipsPerPixel > kSmallScreen)
+        SetReadOutFont(kReadOut);
     S.PlotPixelHeight = Surface().PixelHeight();
     S.PlotPixelWidth = Surface().PixelWidth();
     SymbolScale_ = 0.5F;
@@ -144,6 +153,12 @@ void PlotWindow::Form_Unload(bool& /*Cancel*/) {
     Store().PlotitLoaded = false;
     Surface().Cls();
     CmpltFrmForm().Unload();
+}
+
+void PlotWindow::SetReadOutFont(float points) {
+    XYCoords.SetFont({points, true});
+    XYLabel.SetFont({points});
+    OutFileLbl.SetFont({points});
 }
 
 /// Two thirds of the screen, towards its lower right corner; `TestIt` right of `Command1`.

@@ -62,6 +62,7 @@ class PlotWindow : public Form {
     void Form_Load() override;
     void Form_Unload(bool& Cancel) override;
     void PlaceOnScreen();
+    void SetReadOutFont(float points);
     void LoadProgressWindow();
     void TieHandlers();
     Canvas& Surface();

@@ -28,6 +28,13 @@ void Control::SetShown(bool shown) {
     Changed();
 }
 
+void Control::SetFont(TextFont font) {
+    if (font_ == font)
+        return;
+    font_ = font;
+    Changed();
+}
+
 void Control::SetPlace(const Place& place) {
     if (place_ == place)
         return;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,13 @@ enum class ControlKind {
     kProgressBar,
     kUpDown,
     kCheckBox
+};
+
+/// The font of a control's text: Times New Roman, or what the platform has in its place.
+struct TextFont {
+    float points;
+    bool bold = false;
+    bool operator==(const TextFont&) const = default;
 };
 
 class Control;
@@ -71,6 +79,10 @@ class Control {
     const std::string& SpokenName() const { return spokenName_; }
     void SetSpokenName(std::string name) { spokenName_ = std::move(name); }
 
+    /// Unset where the text has the platform's own font.
+    const std::optional<TextFont>& Font() const { return font_; }
+    void SetFont(TextFont font);
+
     bool IsEnabled() const { return enabled_; }
     void Enable() { SetEnabled(true); }
     void Disable() { SetEnabled(false); }
@@ -98,6 +110,7 @@ class Control {
     std::string name_;
     std::string caption_;
     std::string spokenName_;
+    std::optional<TextFont> font_;
     Place place_;
     ControlObserver* observer_ = nullptr;
 };

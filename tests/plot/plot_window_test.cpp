@@ -60,6 +60,23 @@ TEST_F(PlotWindowTest, FillsTheColourTable) {
     EXPECT_EQ(colour(20), 63 * 256 + 159);
 }
 
+TEST_F(PlotWindowTest, HasALargerReadOutWhereTheScreenHasRoom) {
+    PlotitForm().Load();
+    EXPECT_EQ(PlotitForm().Command1.Font(), (TextFont{10.5F, false}));
+    EXPECT_EQ(PlotitForm().TestIt.Font(), (TextFont{10.5F, false}));
+    EXPECT_EQ(PlotitForm().XYCoords.Font(), (TextFont{12.0F, true}));
+    EXPECT_EQ(PlotitForm().XYLabel.Font(), (TextFont{12.0F, false}));
+    EXPECT_EQ(PlotitForm().OutFileLbl.Font(), (TextFont{12.0F, false}));
+}
+
+TEST(PlotWindowOnASmallScreen, KeepsTheReadOutSmall) {
+    test::TestDesktop desktop;
+    desktop.screenWidthPixels = 640;
+    PlotitForm().Load();
+    EXPECT_EQ(PlotitForm().XYCoords.Font(), (TextFont{9.75F, true}));
+    EXPECT_EQ(PlotitForm().XYLabel.Font(), (TextFont{9.75F, false}));
+}
+
 TEST_F(PlotWindowTest, BringsTheProgressWindowAlong) {
     PlotitForm().Load();
     const ProgressWindow& progress = CmpltFrmForm();
