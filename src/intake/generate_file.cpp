@@ -140,16 +140,16 @@ void TakeTyped(TextBox& text, UpDown& spin, double above, double below, std::str
 }  // namespace
 
 GenerateFile::GenerateFile() : Form("GenerateFile", "Generate List File", {3000, 3000, 6300, 3450}) {
-    Add("", Label1, {300, 300, 1800, 300});
-    Add("Text3", Text3, {2250, 240, 3750, 375});
-    Add("", Label2, {300, 1020, 1950, 300});
-    Add("Text2", Text2, {2250, 960, 750, 375});
-    Add("UpDown2", UpDown2, {3000, 960, 255, 375});
-    Add("", Label3, {3450, 1020, 2550, 300});
-    Add("", Label4, {300, 1740, 1950, 300});
-    Add("Text1", Text1, {2250, 1680, 750, 375});
-    Add("UpDown1", UpDown1, {3000, 1680, 255, 375});
-    Add("", Label5, {3450, 1740, 2550, 300});
+    Add("", Label1, {300, 300, 1950, 300});
+    Add("Text3", Text3, {2400, 240, 3600, 375});
+    Add("", Label2, {300, 1020, 2100, 300});
+    Add("Text2", Text2, {2400, 960, 750, 375});
+    Add("UpDown2", UpDown2, {3150, 960, 255, 375});
+    Add("", Label3, {3600, 1020, 2400, 300});
+    Add("", Label4, {300, 1740, 2100, 300});
+    Add("Text1", Text1, {2400, 1680, 750, 375});
+    Add("UpDown1", UpDown1, {3150, 1680, 255, 375});
+    Add("", Label5, {3600, 1740, 2400, 300});
     Add("OKMakeFile", OKMakeFile, {1200, 2625, 1650, 420});
     Add("Command1", Command1, {3600, 2625, 1350, 420});
     SetCancelButton(Command1);

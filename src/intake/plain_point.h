@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -42,8 +41,6 @@ inline constexpr std::array<double, 23> kPowers = {1E0,  1E1,  1E2,  1E3,  1E4, 
                                                    1E8,  1E9,  1E10, 1E11, 1E12, 1E13, 1E14, 1E15,
                                                    1E16, 1E17, 1E18, 1E19, 1E20, 1E21, 1E22};
 
-inline bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
 /// Reads "d.dddd " at the columns of the radius.
 inline bool ReadRadius(const char* at, float& radius) {
     const std::uint64_t bytes = Load(at) ^ 0x0020303030302E30;
@@ -54,46 +51,31 @@ inline bool ReadRadius(const char* at, float& radius) {
     return true;
 }
 
-/// Reads the exponent's sign and its two digits, or four of which the first two are zeros, up to `end` or a blank.
-inline bool ReadExponent(const char* at, const char* end, int& exponent) {
-    if (*at != '-' && *at != '+')
+/// Reads the two digits of an exponent, with its sign before them.
+inline bool ReadExponent(char sign, const char* digits, int& exponent) {
+    const auto tens = static_cast<unsigned>(digits[0] - '0'), ones = static_cast<unsigned>(digits[1] - '0');
+    if ((sign != '-' && sign != '+') || tens > 9 || ones > 9)
         return false;
-    const char* digits = at + 1;
-    if (end - digits >= 4 && digits[0] == '0' && digits[1] == '0' && digits[2] != ' ')
-        digits += 2;
-    if (!IsDigit(digits[0]) || !IsDigit(digits[1]) || (digits + 2 != end && digits[2] != ' '))
-        return false;
-    const int size = (digits[0] - '0') * 10 + (digits[1] - '0');
-    const int sign = ',' - *at;  // it stands between '+' and '-'
-    exponent = sign * size;
+    const int size = static_cast<int>(10 * tens + ones);
+    exponent = sign == '-' ? -size : size;
     return true;
 }
 
-inline constexpr std::ptrdiff_t kShortestSignal = 11;
-
-/// Where the digits of a signal start. Mostly it ends with its field, and need not be searched for.
-inline const char* FirstDigitOfSignal(const char* at, const char* end) {
-    const char* const first = end - kShortestSignal;
-    const char* blanks = at;
-    while (blanks < first - 1 && *blanks == ' ')
-        ++blanks;
-    if (blanks == first - 1 && (*blanks == ' ' || *blanks == '-'))
-        return first;
-    return blanks + (*blanks == '-' ? 1 : 0);
-}
-
-/// Reads "d.dddddE" and an exponent, behind a blank or a minus sign with nothing but blanks before it.
-inline bool ReadSignal(const char* field, const char* end, float& signal) {
+/// Reads "d.dddddE" and an exponent of two digits, or of four of which the first two are zeros, behind a blank or a minus
+/// sign.
+template <int kExponentDigits>
+inline bool ReadSignal(const char* at, float& signal) {
     constexpr int kDecimals = 5, kLargestPower = static_cast<int>(kPowers.size()) - 1;
-    const char* const at = FirstDigitOfSignal(field, end);
-    if (at == field || end - at < kShortestSignal)
-        return false;
-    const bool negative = at[-1] == '-';
+    constexpr int kPadding = kExponentDigits - 2;
+    const char sign = at[-1];
     const std::uint64_t bytes = Load(at) ^ 0x4530303030302E30;
-    if (!AreDigits(bytes, 0x00FFFFFFFFFF00FF, 0xFF0000000000FF00))
+    if (!AreDigits(bytes, 0x00FFFFFFFFFF00FF, 0xFF0000000000FF00) || (sign != ' ' && sign != '-'))
         return false;
+    for (int i = 0; i < kPadding; ++i)
+        if (at[9 + i] != '0')
+            return false;
     int exponent = 0;
-    if (!ReadExponent(at + 8, end, exponent))
+    if (!ReadExponent(at[8], at + 9 + kPadding, exponent))
         return false;
     exponent -= kDecimals;
     if (exponent > kLargestPower || exponent < -kLargestPower)
@@ -102,25 +84,29 @@ inline bool ReadSignal(const char* field, const char* end, float& signal) {
         static_cast<std::int32_t>((bytes & 0xF) * 100000 + FourDigits(bytes >> 16) * 10 + (bytes >> 48));
     const double size = exponent < 0 ? digits / kPowers[static_cast<std::size_t>(-exponent)]
                                      : digits * kPowers[static_cast<std::size_t>(exponent)];
-    signal = static_cast<float>(std::copysign(size, negative ? -1.0 : 1.0));
+    signal = static_cast<float>(sign == '-' ? -size : size);
     return true;
 }
 
 }  // namespace plain_point
 
-/// Reads a point's line as instruments write it, "   5.9007   -5.09242E-03": the radius with four decimals in columns 4
-/// to 10, the signal with five in columns 11 to 25.
+/// Reads a point's line as an interferometer or an absorbance optics writes it: the radius with four decimals in columns
+/// 4 to 10, the signal with five that ends in column 24; its exponent has two digits or, with a column behind it, four.
+///
+///        5.9007   -5.09242E-03
+///        5.9110  4.57670E-0002   5.91012E-0003
 ///
 /// Result    false, without a word about the line, for any other layout
 /// Note      the numbers are those of Val, to the bit: an integer of at most six digits and a power of ten that a double
 ///           holds exactly make one rounding, and the single the second one. A scan file has two thousand such lines
 inline bool ReadPlainPoint(std::string_view line, ScanPoint& point) {
-    constexpr std::size_t kRadius = 3, kSignal = 10, kSignalEnd = 25, kShortest = 21;
-    if (line.size() < kShortest)
-        return false;
-    const char* const end = line.data() + (line.size() < kSignalEnd ? line.size() : kSignalEnd);
-    return plain_point::ReadRadius(line.data() + kRadius, point.radius) &&
-           plain_point::ReadSignal(line.data() + kSignal, end, point.signal);
+    constexpr std::size_t kInterference = 24, kAbsorbance = 25;
+    const char* const at = line.data();
+    if (line.size() == kInterference)
+        return at[10] == ' ' && at[11] == ' ' && plain_point::ReadRadius(at + 3, point.radius) &&
+               plain_point::ReadSignal<2>(at + 13, point.signal);
+    return line.size() >= kAbsorbance && at[24] == ' ' && plain_point::ReadRadius(at + 3, point.radius) &&
+           plain_point::ReadSignal<4>(at + 11, point.signal);
 }
 
 }  // namespace halvern

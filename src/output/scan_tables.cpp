@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,8 +24,8 @@ namespace {
 struct ScanTable {
     const char* dialogTitle;
     const char* title;
-    float (*signal)(std::int32_t J, std::int32_t K);
-    std::size_t longestLine;  ///< characters
+    float (*offset)(std::int32_t K);  ///< what scan K's signals are less in the table
+    std::size_t longestLine;          ///< characters
     const char* failure;
 };
 
@@ -35,17 +36,14 @@ constexpr std::size_t kRawLine = 10240;
 /// the same scan close by.
 constexpr std::int32_t kPointsAtATime = 16;
 
-float RawSignal(std::int32_t J, std::int32_t K) { return Store().ScanData(J, 2, K); }
+float NoOffset(std::int32_t /*K*/) { return 0.0F; }
 
-float CorrectedSignal(std::int32_t J, std::int32_t K) {
-    const auto& S = Store();
-    return Single(static_cast<double>(S.ScanData(J, 2, K)) - S.JitterOffset(K));
-}
+float OffsetOfJitter(std::int32_t K) { return Store().JitterOffset(K); }
 
-constexpr ScanTable kRawTable{"Output Raw Data", "Original (uncorrected) Data", RawSignal, kRawLine,
+constexpr ScanTable kRawTable{"Output Raw Data", "Original (uncorrected) Data", NoOffset, kRawLine,
                               "Error in Saving Raw Data To Output File!"};
 constexpr ScanTable kCorrectedTable{"Output Jitter + I.F.S. Corrected Data",
-                                    "Jitter & Integral-Fringe-Shift Corrected Data", CorrectedSignal, std::string::npos,
+                                    "Jitter & Integral-Fringe-Shift Corrected Data", OffsetOfJitter, std::string::npos,
                                     "Error in Saving Corrected Data To Output File!"};
 
 void WriteLineOf(const ScanTable& table, std::string_view line) { WriteTableLine(line.substr(0, table.longestLine)); }
@@ -121,11 +119,15 @@ void WritePoints(const ScanTable& table, std::int32_t first, std::int32_t last, 
     const auto& S = Store();
     for (PointLine& line : lines)
         line.Clear();
-    for (std::int32_t K = 1; K <= S.NumFiles; ++K)
-        for (std::int32_t J = first; J <= last; ++J)
-            lines[static_cast<std::size_t>(J - first)].Append(table, S.ScanData(J, 1, K), table.signal(J, K));
-    for (std::int32_t J = first; J <= last; ++J)
-        WriteLineOf(table, lines[static_cast<std::size_t>(J - first)].Text());
+    const auto count = static_cast<std::size_t>(last - first + 1);
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K) {
+        const std::span radii(&S.ScanData(first, 1, K), count), signals(&S.ScanData(first, 2, K), count);
+        const double offset = table.offset(K);
+        for (std::size_t i = 0; i < count; ++i)
+            lines[i].Append(table, radii[i], Single(signals[i] - offset));
+    }
+    for (std::size_t i = 0; i < count; ++i)
+        WriteLineOf(table, lines[i].Text());
 }
 
 void WriteTable(const ScanTable& table) {
