@@ -1,6 +1,10 @@
 #include "desktop/paper_printer.h"
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <QLibrary>
+#include <QPrinterInfo>
+#include <QStringList>
 #include <QTextLayout>
 
 #include "desktop/image_bitmap.h"
@@ -24,6 +28,39 @@ QFont FontOfText(QPrinter& printer) {
     return {font, &printer};
 }
 
+/// The text in pieces that each fit on a line.
+///
+/// A break of lines would swallow the blanks on its way, and what stands behind them would lose its column. Blanks that
+/// don't break are as wide, and stay.
+QStringList Pieces(const QString& text, const QFont& font, QPrinter& printer, double width) {
+    QTextLayout layout(QString(text).replace(QLatin1Char(' '), QChar(QChar::Nbsp)), font, &printer);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
+        line.setLineWidth(width);
+    layout.endLayout();
+    QStringList pieces;
+    for (int i = 0; i < layout.lineCount(); ++i)
+        pieces += text.mid(layout.lineAt(i).textStart(), layout.lineAt(i).textLength());
+    return pieces;
+}
+
+/// Whether the print service has taken the document that was the last thing sent to it. The toolkit does not tell; the
+/// service's own library, through which the toolkit sends, keeps the answer.
+bool IsAccepted() {
+    constexpr int kLibraryVersion = 2;
+    constexpr int kLastSuccess = 0x00FF;
+    using LastAnswer = int (*)();
+    static const auto lastAnswer =
+        reinterpret_cast<LastAnswer>(QLibrary::resolve(QStringLiteral("cups"), kLibraryVersion, "cupsLastError"));
+    if (lastAnswer == nullptr)
+        return false;
+    const int answer = lastAnswer();
+    return answer >= 0 && answer <= kLastSuccess;
+}
+
 }  // namespace
 
 void PaperPrinter::Select(const std::string& name) {
@@ -32,22 +69,22 @@ void PaperPrinter::Select(const std::string& name) {
 }
 
 void PaperPrinter::GiveUp() {
-    if (document_ != nullptr) {
-        document_->printer.abort();
-        document_.reset();
-    }
+    document_.reset();
     Fail(FailureCode::kPrinterError, name_);
 }
 
-// A printer that has gone meanwhile must not become the toolkit's own choice of another one.
+// A printer that has gone meanwhile must not become the toolkit's own choice of another one. Without a printer the print
+// service is not even asked: it may be one that does not answer.
 PaperPrinter::Document& PaperPrinter::Open() {
     if (document_ != nullptr)
         return *document_;
-    document_ = std::make_unique<Document>();
-    QPrinter& printer = document_->printer;
     const QString name = QString::fromStdString(name_);
-    printer.setPrinterName(name);
-    if (name_.empty() || !printer.isValid() || printer.printerName() != name)
+    const QPrinterInfo installed = name_.empty() ? QPrinterInfo() : QPrinterInfo::printerInfo(name);
+    if (installed.isNull())
+        GiveUp();
+    document_ = std::make_unique<Document>(installed);
+    QPrinter& printer = document_->printer;
+    if (!printer.isValid() || printer.printerName() != name)
         GiveUp();
     printer.setDocName(QStringLiteral("Halvern"));
     printer.setPageOrientation(QPageLayout::Portrait);
@@ -84,35 +121,30 @@ float PaperPrinter::ScaleHeight() {
 void PaperPrinter::PrintLine(std::string_view text) {
     QPainter& painter = Painter();
     QPrinter& printer = document_->printer;
-    const QRectF page(QPointF(), printer.pageRect(QPrinter::DevicePixel).size());
-    QTextLayout layout(ShownLine(text), FontOfText(printer), &printer);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAnywhere);
-    option.setFlags(QTextOption::IncludeTrailingSpaces);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
-        line.setLineWidth(page.width());
-    layout.endLayout();
-    for (int i = 0; i < layout.lineCount(); ++i) {
-        const QTextLine line = layout.lineAt(i);
-        if (document_->nextLine + line.height() > page.height())
+    const QSizeF page = printer.pageRect(QPrinter::DevicePixel).size();
+    const QFont font = FontOfText(printer);
+    const QFontMetricsF metrics(font, &printer);
+    painter.setFont(font);
+    for (const QString& piece : Pieces(ShownLine(text), font, printer, page.width())) {
+        if (document_->nextLine + metrics.height() > page.height())
             NextPage();
-        line.draw(&painter, QPointF(0.0, document_->nextLine - line.y()));
-        document_->nextLine += line.height();
+        painter.drawText(QPointF(0.0, document_->nextLine + metrics.ascent()), piece);
+        document_->nextLine += metrics.height();
     }
 }
 
 void PaperPrinter::PaintPicture(const Bitmap& picture, double left, double top, double width, double height) {
     QPainter& painter = Painter();
     const double dots = document_->printer.resolution() / kTwipsPerInch;
+    // Otherwise it would be compressed as a photograph, which leaves shadows around thin lines and letters.
+    painter.setRenderHint(QPainter::LosslessImageRendering);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.drawImage(QRectF(left * dots, top * dots, width * dots, height * dots), ImageOn(picture));
 }
 
 void PaperPrinter::EndDocument() {
     QPainter& painter = Painter();
-    if (!painter.end() || document_->printer.printerState() == QPrinter::Error)
+    if (!painter.end() || document_->printer.printerState() == QPrinter::Error || !IsAccepted())
         GiveUp();
     document_.reset();
 }

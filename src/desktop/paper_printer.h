@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QString>
 
 #include <memory>
@@ -29,7 +30,9 @@ class PaperPrinter final : public Printer {
   private:
     /// A document in the making. The painter goes before the device that it paints on.
     struct Document {
-        QPrinter printer{QPrinter::HighResolution};
+        explicit Document(const QPrinterInfo& installed) : printer(installed, QPrinter::HighResolution) {}
+
+        QPrinter printer;
         QPainter painter;
         double nextLine = 0.0;  ///< top of the line to come, in the printer's dots
     };

@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "desktop/application.h"
+#include "desktop/image_bitmap.h"
 #include "desktop/pixels.h"
 #include "desktop/qt_desktop.h"
 #include "plot/legend.h"
@@ -94,6 +95,24 @@ TEST_F(HighDensity, ReadsTheMouseInTheWindowsPixels) {
     const auto [x, y] = surface.Surface().PageAt(QPointF(surface.width(), surface.height()));
     EXPECT_FLOAT_EQ(x, 110.0F);
     EXPECT_FLOAT_EQ(y, -25.0F);
+}
+
+TEST_F(HighDensity, CapturesThePixelsOfTheScreen) {
+    SurfaceView& surface = Surface(plot);
+    const QImage& picture = surface.Surface().Image();
+    const int seenHeight = surface.height() - Pixels(plot.XYCoords.Where().height);
+    ASSERT_TRUE(IsShownAsDrawn(surface, seenHeight));
+    const BitmapPointer captured = desktop.CaptureArea(plot, true, 0, 0, picture.width(), picture.height());
+    const QImage seen = ImageOn(*captured).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(seen.size(), picture.size());
+    picture.save("/tmp/helpB/hd_pic.png");
+    const QRect above(0, 0, picture.width(), seenHeight * kRatio);
+    EXPECT_EQ(seen.copy(above), picture.copy(above));
+    // Below it lies the strip of the read-out.
+    EXPECT_NE(seen, picture);
+
+    const BitmapPointer part = desktop.CaptureArea(plot, true, 101, 57, 200, 99);
+    EXPECT_EQ(ImageOn(*part).convertToFormat(QImage::Format_RGB32), picture.copy(101, 57, 200, 99));
 }
 
 TEST_F(HighDensity, DrawsTheLegendLikewise) {
