@@ -175,9 +175,9 @@ void FormWindow::BringUp() {
         return;
     setWindowModality(form_->IsModal() ? Qt::ApplicationModal : Qt::NonModal);
     // A dialog stands over the window that the user works with.
-    QWidget* below = form_->IsModal() || form_->TellsProgress() ? QApplication::activeWindow() : nullptr;
+    below_ = form_->IsModal() || form_->TellsProgress() ? QApplication::activeWindow() : nullptr;
     create();
-    windowHandle()->setTransientParent(below == nullptr ? nullptr : below->windowHandle());
+    windowHandle()->setTransientParent(below_ == nullptr ? nullptr : below_->windowHandle());
     show();
     // The toolkit paints no window before the display has told of it in an event, and none passes until the handler is
     // through. Without a window manager in between the window is there by now.

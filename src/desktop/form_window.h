@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 
@@ -39,6 +40,9 @@ class FormWindow : public QWidget, public ControlObserver {
 
     /// What shows a control; null for one that has no widget here.
     QWidget* WidgetOf(const Control& control) const;
+    /// The window that a dialog came up over, null for none and for a window that is no dialog.
+    QWidget* Below() const { return below_; }
+
     /// The window without its menu.
     QWidget& Client() const { return *content_; }
     const MenuView* Menu() const { return menu_.get(); }
@@ -73,6 +77,7 @@ class FormWindow : public QWidget, public ControlObserver {
     QMenuBar* menuBar_ = nullptr;
     std::unique_ptr<MenuView> menu_;
     QWidget* content_;
+    QPointer<QWidget> below_;
     SurfaceView* surface_ = nullptr;
     const bool dialog_;
     std::map<const Control*, QWidget*> widgets_;

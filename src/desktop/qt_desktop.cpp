@@ -134,8 +134,9 @@ void QtDesktop::RunModal(Form& form) {
     if (view == forms_.end())
         return;
     CountBoxes(+1);
+    const QPointer<QWidget> below = view->second->Window() == nullptr ? nullptr : view->second->Window()->Below();
     view->second->AwaitHiding();
-    CountBoxes(-1);
+    CloseBox(below);
     gate_.ThrowIfEnded();
 }
 

@@ -174,6 +174,11 @@ TEST_F(FormOnTheDesktop, SnapsBackToTheSizeThatTheFormWants) {
     window.resize(150, 350);
     EXPECT_EQ(form.Where(), (Place{1500, 3000, 3500, 5250}));
     EXPECT_TRUE(Becomes(window, {233, 350}));
+    EXPECT_EQ(window.pos(), QPoint(100, 200));
+}
+
+TEST_F(FormOnTheDesktop, SnapsBackInBothDirections) {
+    FormWindow& window = Shown();
     window.resize(50, 50);
     EXPECT_TRUE(Becomes(window, {233, 233}));
     EXPECT_EQ(window.pos(), QPoint(100, 200));
