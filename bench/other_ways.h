@@ -8,8 +8,15 @@ namespace halvern::bench {
 /// for each.
 void DrawWithPainter(QImage& picture);
 
-/// The same with no more than what has to be done: a marker's rows, or a pixel for each step of a line, and nothing for
-/// a neighbour that covers the same. What every way is measured by.
+/// The same, each marker stamped and each line drawn pixel by pixel, one point after the other, and nothing for a neighbour
+/// that covers the same.
 void DrawWithStamps(QImage& picture);
+
+/// What every way is measured by: no more than what has to be done for the points. Pixels are worked out for many points
+/// at once, neighbours on the same pixel are dropped without a branch, and the shapes that are left are written out.
+void DrawTightly(QImage& picture);
+
+/// The share of the pixels within the plot's box, its edge and ticks left out, that differ between two pictures.
+double ShareOfOtherPixels(const QImage& picture, const QImage& other);
 
 }  // namespace halvern::bench

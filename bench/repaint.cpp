@@ -1,13 +1,15 @@
+// The plot of raw data, markers and lines, drawn into a picture: by the program's paint handler, by what it is measured by,
+// and in other ways.
+
 #include <benchmark/benchmark.h>
 
-#include <functional>
-#include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bench/bench_desktop.h"
 #include "bench/other_ways.h"
-#include "bench/ratios.h"
+#include "bench/report.h"
 #include "bench/scan_plot.h"
 #include "plot/plot_window.h"
 #include "render/graphics.h"
@@ -18,38 +20,37 @@ using namespace halvern;
 using namespace halvern::bench;
 
 struct Picture {
-    std::string name;
+    std::string name;  ///< ROW/SCANS
     ScanPlot plot;
 };
 
-/// The full plot in two sizes, and what it takes to be half of that, a quarter, an eighth.
+/// The plot in two sizes, whole, zoomed and with noise, and what it takes to be half of that, a quarter, an eighth.
 std::vector<Picture> AllPictures() {
     std::vector<Picture> pictures;
-    const auto add = [&](const std::string& name, const ScanPlot& plot) {
-        pictures.push_back({name + '/' + std::to_string(plot.width) + 'x' + std::to_string(plot.height), plot});
-    };
     for (const auto& [width, height] : {std::pair{665, 500}, std::pair{1250, 700}}) {
-        add("full", {500, width, height, false, false});
-        add("zoomed", {500, width, height, true, false});
-        add("noisy", {500, width, height, false, true});
-        add("eighth", {63, width, height, false, false});
-        add("quarter", {125, width, height, false, false});
-        add("half", {250, width, height, false, false});
+        const std::string size = ' ' + std::to_string(width) + 'x' + std::to_string(height) + '/';
+        for (const std::int32_t scans : {500, 250, 125, 63})
+            pictures.push_back({"repaint" + size + std::to_string(scans), {scans, width, height, false, false}});
+        pictures.push_back({"zoom" + size + "500", {500, width, height, true, false}});
+        pictures.push_back({"noisy" + size + "500", {500, width, height, false, true}});
     }
     return pictures;
 }
 
 struct Way {
-    std::string name;
-    int repetitions;
-    std::function<void(BenchDesktop& desktop, QImage& picture)> draw;
+    const char* name;
+    bool onlyFull;  ///< it takes long: once, for the full plot
+    void (*draw)(QImage& picture);
 };
 
-const std::vector<Way> kWays = {
-    {"handler", 15, [](BenchDesktop&, QImage&) { PlotitForm().Form_Paint(); }},
-    {"stamps", 15, [](BenchDesktop&, QImage& picture) { DrawWithStamps(picture); }},
-    {"painter", 1, [](BenchDesktop&, QImage& picture) { DrawWithPainter(picture); }},
+constexpr Way kWays[] = {
+    {"program", false, [](QImage&) { PlotitForm().Form_Paint(); }},
+    {"yardstick", false, DrawTightly},
+    {"point by point", true, DrawWithStamps},
+    {"QPainter", true, DrawWithPainter},
 };
+
+constexpr double kMostOtherPixels = 0.01;  // the yardstick rounds pixels in single
 
 /// All ways draw into pictures of their own. The handler has run once and has worked out the axes for all.
 void Run(benchmark::State& state, const Picture& picture, const Way& way) {
@@ -63,11 +64,13 @@ void Run(benchmark::State& state, const Picture& picture, const Way& way) {
     }
     QImage other(picture.plot.width, picture.plot.height, QImage::Format_RGB32);
     for (auto _ : state) {
-        way.draw(desktop, other);
+        way.draw(other);
         benchmark::DoNotOptimize(desktop.canvas.Image().constBits());
         benchmark::DoNotOptimize(other.constBits());
     }
-    state.SetItemsProcessed(state.iterations() * picture.plot.scans * kPointsInScan * 2);
+    DrawTightly(other);
+    if (ShareOfOtherPixels(desktop.canvas.Image(), other) > kMostOtherPixels)
+        state.SkipWithError("the yardstick draws another picture");
 }
 
 }  // namespace
@@ -79,16 +82,10 @@ int main(int argc, char** argv) {
     StartGraphics();
     for (const auto& picture : AllPictures())
         for (const auto& way : kWays)
-            benchmark::RegisterBenchmark((way.name + '/' + picture.name).c_str(),
-                                         [&way, picture](benchmark::State& state) { Run(state, picture, way); })
-                ->Unit(benchmark::kMillisecond)
-                ->MinTime(0.01)
-                ->Repetitions(way.repetitions);
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    std::vector<std::string> ways;
-    for (const auto& way : kWays)
-        ways.push_back(way.name);
-    reporter.PrintRatios(std::cout, ways);
+            if (!way.onlyFull || picture.plot.scans == 500)
+                benchmark::RegisterBenchmark((picture.name + '/' + way.name).c_str(),
+                                             [&way, picture](benchmark::State& state) { Run(state, picture, way); })
+                    ->Unit(benchmark::kMillisecond)
+                    ->UseRealTime();
+    return RunAndReport();
 }

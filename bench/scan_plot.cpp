@@ -27,18 +27,6 @@ double Signal(double scan, double radius) {
     return plateau / (1.0 + std::exp((boundary - radius) / width)) + 0.05 * std::sin(scan);
 }
 
-std::vector<PlotPoint> Points(const ScanPlot& plot) {
-    std::mt19937 random(1);  // the same noise in every run
-    std::normal_distribution<double> noise(0.0, plot.noise ? kNoise : 1E-12);
-    std::vector<PlotPoint> points;
-    points.reserve(static_cast<std::size_t>(plot.scans) * kPointsInScan);
-    for (std::int32_t scan = 1; scan <= plot.scans; ++scan)
-        for (std::int32_t i = 1; i <= kPointsInScan; ++i)
-            points.push_back({static_cast<float>(Radius(i)),
-                              static_cast<float>(Signal(scan * kScansOfARun / plot.scans, Radius(i)) + noise(random))});
-    return points;
-}
-
 void SetView(const ScanPlot& plot) {
     auto& S = Store();
     const double middle = (kMeniscus + kBase) / 2.0;
@@ -51,8 +39,20 @@ void SetView(const ScanPlot& plot) {
 
 }  // namespace
 
+std::vector<PlotPoint> PointsOf(const ScanPlot& plot) {
+    std::mt19937 random(1);  // the same noise in every run
+    std::normal_distribution<double> noise(0.0, plot.noise ? kNoise : 1E-12);
+    std::vector<PlotPoint> points;
+    points.reserve(static_cast<std::size_t>(plot.scans) * kPointsInScan);
+    for (std::int32_t scan = 1; scan <= plot.scans; ++scan)
+        for (std::int32_t i = 1; i <= kPointsInScan; ++i)
+            points.push_back({static_cast<float>(Radius(i)),
+                              static_cast<float>(Signal(scan * kScansOfARun / plot.scans, Radius(i)) + noise(random))});
+    return points;
+}
+
 void Request(const ScanPlot& plot) {
-    const std::vector<PlotPoint> points = Points(plot);
+    const std::vector<PlotPoint> points = PointsOf(plot);
     const auto pointOf = [&](std::int32_t scan) {
         return [&points, scan](std::int32_t i) {
             return points[static_cast<std::size_t>(scan - 1) * kPointsInScan + static_cast<std::size_t>(i - 1)];

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
+
+#include "plot/plot_request.h"
 
 namespace halvern::bench {
 
@@ -15,10 +18,13 @@ struct ScanPlot {
 
 inline constexpr std::int32_t kPointsInScan = 2048;
 
-/// Fills the plot request as the plot of raw data does: each scan's markers, then each scan's line. The request is ready,
-/// and the plot window has the size.
+/// The points of the scans, one scan behind the other.
 ///
 /// Note      a boundary goes outwards from scan to scan, becomes broader and, by dilution, lower; every scan has an offset
+std::vector<PlotPoint> PointsOf(const ScanPlot& plot);
+
+/// Fills the plot request as the plot of raw data does: each scan's markers, then each scan's line. The request is ready,
+/// and the plot window has the size.
 void Request(const ScanPlot& plot);
 
 }  // namespace halvern::bench
