@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "store/analysis_store.h"
@@ -11,6 +12,9 @@ using Curve = BoundedArray<float, Points>;
 
 /// Points of every interpolated grid.
 inline constexpr std::int32_t kMostGridPoints = 2000;
+
+/// The values of a grid, rising.
+using GridValues = std::array<float, kMostGridPoints>;
 
 /// Carries a curve onto a uniform grid, linearly between its points and flat in front of its first one.
 ///
@@ -25,5 +29,9 @@ void InterpolateToRadialGrid(Curve& X, Curve& Y, std::int16_t NIn, std::int16_t&
 
 /// The same onto a grid of s* in seconds, Step in Svedbergs: a grid value is 1E-13 times a single, rounded again.
 void InterpolateToSGrid(Curve& X, Curve& Y, std::int16_t NIn, std::int16_t& NOut, float Step);
+
+/// That grid, and the interpolation onto it for whoever has many curves.
+GridValues SGrid(float Step);
+void InterpolateTo(const GridValues& grid, Curve& X, Curve& Y, std::int16_t NIn, std::int16_t& NOut);
 
 }  // namespace halvern

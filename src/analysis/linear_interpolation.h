@@ -1,9 +1,13 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "analysis/interpolation.h"
+#include "store/failure.h"
 #include "store/single.h"
 
 namespace halvern {
@@ -12,46 +16,42 @@ namespace halvern {
 ///
 /// Given     X, Y      the curve, X rising; overwritten with the grid and the values on it
 ///           NIn       points of the curve, 1 .. 2048
-///           GridAt    GridAt(I) is grid value I, single
-///           SlopeAt   SlopeAt(J) is the slope from point J to the next, single
+///           grid      rising
+///           SlopeAt   SlopeAt(J) is the slope from point J to the next, which lies beyond it, single
 /// Result    NOut      points of the grid that the curve reaches, at most 2000. In front of the curve's first point the
 ///                     values are that point's
 /// Rounding  a value on the grid is worked in singles, every operation rounded
-/// Fails     9 with NIn outside 1 .. 2048
-template <class Grid, class Slope>
-void InterpolateLinearly(Curve& X, Curve& Y, std::int16_t NIn, std::int16_t& NOut, Grid GridAt, Slope SlopeAt) {
-    std::array<float, kMostGridPoints> grid;
+/// Fails     9 with NIn outside 1 .. 2048, 6 with a value beyond the singles
+template <class Slope>
+void InterpolateLinearly(Curve& X, Curve& Y, std::int16_t NIn, std::int16_t& NOut, const GridValues& grid,
+                         Slope SlopeAt) {
     std::array<float, kMostGridPoints> out;
-    std::int32_t J = 1;
-    // Moves J up to the interval that holds a grid value.
-    const auto findInterval = [&](float value) {
-        for (; J <= NIn; ++J)
-            if (X(J) < value && value <= X(J + 1))
-                return true;
-        return false;
+    const std::span<const float> x = X.Elements(), y = Y.Elements();
+    // Grid values are counted from 0, and so are the points of the curve. Neither goes back.
+    const auto countUpTo = [&](float value) {
+        return static_cast<std::size_t>(std::upper_bound(grid.begin(), grid.end(), value) - grid.begin());
     };
-    const auto valueAt = [&](float value) {
-        const float slope = SlopeAt(J);
-        const float beyond = Single(static_cast<double>(value) - X(J));
-        const float rise = Single(static_cast<double>(beyond) * slope);
-        return Single(static_cast<double>(rise) + Y(J));
-    };
-    std::int32_t I = 1;
-    for (; I <= kMostGridPoints; ++I) {
-        const auto place = static_cast<std::size_t>(I - 1);
-        const float value = grid[place] = GridAt(I);
-        if (value <= X(1))
-            out[place] = Y(1);
-        else if (value > X(NIn) || !findInterval(value))
-            break;
-        else
-            out[place] = valueAt(value);
+    std::size_t i = countUpTo(x[0]);
+    std::fill_n(out.begin(), i, y[0]);
+    if (i < grid.size() && (NIn < 1 || NIn > static_cast<std::int32_t>(x.size())))
+        Fail(FailureCode::kSubscriptOutOfRange);
+    const auto count = static_cast<std::size_t>(std::max<std::int16_t>(NIn, 1));
+    const std::size_t end = countUpTo(x[count - 1]);
+    const auto isBehind = [&](std::size_t j) { return x[j] < grid[i] && grid[i] <= x[j + 1]; };
+    for (std::size_t j = 0; i < end && j < count; ++j) {
+        if (!isBehind(j))
+            continue;
+        const float slope = SlopeAt(static_cast<std::int32_t>(j + 1));
+        do {
+            const float rise = (grid[i] - x[j]) * slope;
+            out[i] = rise + y[j];
+            ++i;
+        } while (i < end && isBehind(j));
     }
-    NOut = static_cast<std::int16_t>(I - 1);
-    for (std::int32_t K = 1; K <= NOut; ++K) {
-        X(K) = grid[static_cast<std::size_t>(K - 1)];
-        Y(K) = out[static_cast<std::size_t>(K - 1)];
-    }
+    FailUnlessFinite(std::span(out).first(i));
+    NOut = static_cast<std::int16_t>(i);
+    std::copy_n(grid.begin(), i, X.Elements().begin());
+    std::copy_n(out.begin(), i, Y.Elements().begin());
 }
 
 }  // namespace halvern

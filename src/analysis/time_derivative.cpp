@@ -1,9 +1,9 @@
 #include "analysis/time_derivative.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <span>
 #include <vector>
 
@@ -99,16 +99,7 @@ std::vector<double> LogarithmsOfRadius() {
     return logarithms;
 }
 
-void FailUnlessFinite(std::span<const float> values) {
-    int isAnyNot = 0;
-    for (const float value : values)
-        isAnyNot |= !(std::fabs(value) <= std::numeric_limits<float>::max());
-    if (isAnyNot != 0)
-        Fail(FailureCode::kOverflow);
-}
-
-// The loops below are plain so that the compiler does several points at once. A difference or a quotient of two singles
-// has the same bits taken in single at once and taken in double and rounded then: 53 bits are more than twice 24 and 2.
+// The loops below are plain so that the compiler does several points at once.
 
 /// Signal per second of scan P less scan K.
 void RatesOf(std::span<const float> earlier, std::span<const float> later, float DT, std::span<float> rates) {
@@ -147,6 +138,7 @@ void DifferencePairs() {
     // Kept: rpm to rad/s is 0.104719755 here and 0.1047196 in the scan times and in g(s*).
     const double omega = static_cast<double>(S.ScanSpeed(1)) * 0.104719755;
     const float Omega2 = Single(omega * omega);
+    const GridValues grid = SGrid(S.DeltaS);
     std::vector<double> logarithms;
     for (std::int32_t K = S.ScanSkip + 1; K <= 2 * S.ScanSkip; ++K) {
         const auto P = static_cast<std::int16_t>(K - S.ScanSkip);
@@ -156,23 +148,28 @@ void DifferencePairs() {
         S.SedTime = Single(Quotient(2.0, Quotient(1.0, later) + Quotient(1.0, earlier)));
         DifferencePair(P, K, Omega2, logarithms);
         const auto Count = static_cast<std::int16_t>(logarithms.size());
-        InterpolateToSGrid(S.SStar, S.RateWork, Count, S.SGridPoints, S.DeltaS);
+        InterpolateTo(grid, S.SStar, S.RateWork, Count, S.SGridPoints);
         S.SPoints = S.SGridPoints;
-        for (std::int32_t I = 1; I <= S.SGridPoints; ++I)
-            S.RatePairs(I, P) = S.RateWork(I);
+        std::copy_n(S.RateWork.Elements().begin(), S.SGridPoints, &S.RatePairs(1, P));
     }
 }
 
+/// The sums go over the pairs in their order, for all points side by side.
 void AveragePairs() {
     auto& S = Store();
-    for (std::int32_t I = 1; I <= S.SPoints; ++I) {
-        float sum = 0.0F;
-        for (std::int32_t P = 1; P <= S.ScanSkip; ++P)
-            sum = Single(static_cast<double>(sum) + S.RatePairs(I, P));
-        S.AveRateRaw(I) = Single(Quotient(static_cast<double>(sum), static_cast<double>(S.ScanSkip)));
-        S.AveRate(I) = S.AveRateRaw(I);
-        S.RateWork(I) = S.AveRate(I);
+    const auto count = static_cast<std::size_t>(S.SPoints);
+    const auto mean = S.AveRateRaw.Elements().first(count);
+    std::fill(mean.begin(), mean.end(), 0.0F);
+    for (std::int32_t P = 1; P <= S.ScanSkip; ++P) {
+        const std::span<const float> pair(&S.RatePairs(1, P), count);
+        for (std::size_t i = 0; i < count; ++i)
+            mean[i] += pair[i];
     }
+    FailUnlessFinite(mean);
+    for (float& value : mean)
+        value = Single(Quotient(static_cast<double>(value), static_cast<double>(S.ScanSkip)));
+    std::copy(mean.begin(), mean.end(), S.AveRate.Elements().begin());
+    std::copy(mean.begin(), mean.end(), S.RateWork.Elements().begin());
 }
 
 /// The mass, kDa, whose diffusion would broaden a peak about as much as the time between first and last scan does.

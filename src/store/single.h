@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <span>
 
 #include "store/failure.h"
 
@@ -20,6 +21,19 @@ inline float Single(Wide value) {
     if (!std::isfinite(stored))
         Fail(FailureCode::kOverflow);
     return stored;
+}
+
+/// What Single is for values that were worked in singles at once. Of a sum, a difference, a product or a quotient of two
+/// singles the bits are those of the operation in double and a rounding behind it: 53 bits are more than twice 24 and 2.
+///
+/// Fails     6 with a value that is infinite or no number
+inline void FailUnlessFinite(std::span<const float> values) {
+    // Plain, so that the compiler does several at once.
+    int isAnyNot = 0;
+    for (const float value : values)
+        isAnyNot |= static_cast<int>(!(std::fabs(value) <= std::numeric_limits<float>::max()));
+    if (isAnyNot != 0)
+        Fail(FailureCode::kOverflow);
 }
 
 /// A quotient carried at the width of the wider operand.

@@ -110,13 +110,15 @@ void DistributionAtAllRadii(std::int16_t N) {
 }  // namespace
 
 void InterpolateToGrid(Curve& Radii, Curve& Values, std::int16_t PointsIn, std::int16_t& PointsOut, float Step) {
-    const auto gridAt = [=](std::int32_t J) { return Single(Single(static_cast<double>(J) * Step) + kBeforeGrid); };
+    GridValues grid;
+    for (std::int32_t J = 1; J <= kMostGridPoints; ++J)
+        grid[static_cast<std::size_t>(J - 1)] = Single(Single(static_cast<double>(J) * Step) + kBeforeGrid);
     const auto slopeAt = [&](std::int32_t P) {
         const float rise = Single(static_cast<double>(Values(P + 1)) - Values(P));
         const float run = Single(static_cast<double>(Radii(P + 1)) - Radii(P));
         return Single(Quotient(static_cast<double>(rise), static_cast<double>(run)));
     };
-    InterpolateLinearly(Radii, Values, PointsIn, PointsOut, gridAt, slopeAt);
+    InterpolateLinearly(Radii, Values, PointsIn, PointsOut, grid, slopeAt);
 }
 
 void DoWideStraight_Click() {
