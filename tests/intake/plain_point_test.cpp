@@ -78,6 +78,16 @@ TEST(PlainPoint, IsReadFromTheLayoutsOfTheInstruments) {
     }
 }
 
+TEST(PlainPoint, ScalesEveryNumberOfSixDigitsAsAQuotientDoes) {
+    double power = 1.0;
+    for (int exponent = 0; exponent <= plain_point::kLargestPower; ++exponent, power *= 10.0) {
+        std::uint32_t differing = 0;
+        for (std::uint32_t digits = 0; digits < 1000000; ++digits)
+            differing += plain_point::Scaled(digits, -exponent) != static_cast<float>(digits / power) ? 1U : 0U;
+        EXPECT_EQ(differing, 0U) << exponent;
+    }
+}
+
 TEST(PlainPoint, HasTheBitsOfValOnAMillionLines) {
     std::mt19937 random(20261121);
     std::uniform_real_distribution<double> radius(0.0, 9.99994), digits(-9.999994, 9.999994);
