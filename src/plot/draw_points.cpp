@@ -11,6 +11,7 @@
 #include "plot/progress.h"
 #include "store/analysis_store.h"
 #include "store/single.h"
+#include "ui/wide_loops.h"
 
 namespace halvern {
 
@@ -47,44 +48,60 @@ constexpr std::size_t kBlock = 256;
 
 using Values = std::span<const float>;
 
-/// One axis as the points need it, at hand for each of two million. The loops are plain so that the compiler does several
-/// points at once.
+HALVERN_WIDE_LOOPS void PutOnPage(const float* values, std::size_t count, double origin, double perUnit, float* page) {
+    for (std::size_t i = 0; i < count; ++i)
+        page[i] = static_cast<float>((values[i] - origin) * perUnit);
+}
+
+/// Beyond either end of the axis a position is that of the box's edge.
+HALVERN_WIDE_LOOPS void Clamp(const float* values, std::size_t count, float min, float max, float* page) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const float upTo = values[i] > max ? kBox : page[i];
+        page[i] = values[i] < min ? 0.0F : upTo;
+    }
+}
+
+HALVERN_WIDE_LOOPS bool AreInside(const float* values, std::size_t count, float min, float max) {
+    int isAnyOut = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        isAnyOut |= static_cast<int>(!(min < values[i])) | static_cast<int>(!(values[i] < max));
+    return isAnyOut == 0;
+}
+
+HALVERN_WIDE_LOOPS bool AreUpTo(const float* values, std::size_t count, float max) {
+    int isAnyBeyond = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        isAnyBeyond |= static_cast<int>(!(values[i] <= max));
+    return isAnyBeyond == 0;
+}
+
+HALVERN_WIDE_LOOPS bool AreFinite(const float* values, std::size_t count) {
+    int isAnyNot = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        isAnyNot |= static_cast<int>(!(std::fabs(values[i]) <= std::numeric_limits<float>::max()));
+    return isAnyNot == 0;
+}
+
+/// One axis as the points need it, at hand for each of two million.
 struct AxisView {
     AxisView(float axisMin, float axisMax, float scale) : min(axisMin), max(axisMax), origin(axisMin), perUnit(scale) {}
 
     float PageAt(float value) const { return static_cast<float>((value - origin) * perUnit); }
-    void PageAt(Values values, float* page) const {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            page[i] = static_cast<float>((values[i] - origin) * perUnit);
-    }
-    /// Beyond either end of the axis a position is that of the box's edge.
+    void PageAt(Values values, float* page) const { PutOnPage(values.data(), values.size(), origin, perUnit, page); }
     float ClampedPageAt(float value) const {
-        if (value < min)
-            return 0.0F;
-        return value > max ? kBox : PageAt(value);
+        float page = PageAt(value);
+        Clamp(&value, 1, min, max, &page);
+        return page;
     }
     void ClampedPageAt(Values values, float* page) const {
         PageAt(values, page);
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            const float upTo = values[i] > max ? kBox : page[i];
-            page[i] = values[i] < min ? 0.0F : upTo;
-        }
+        Clamp(values.data(), values.size(), min, max, page);
     }
 
     bool HasInside(float value) const { return min < value && value < max; }
-    bool HasAllInside(Values values) const {
-        int isAnyOut = 0;
-        for (const float value : values)
-            isAnyOut |= static_cast<int>(!(min < value)) | static_cast<int>(!(value < max));
-        return isAnyOut == 0;
-    }
+    bool HasAllInside(Values values) const { return AreInside(values.data(), values.size(), min, max); }
     bool Has(float value) const { return min <= value && value <= max; }
-    bool HasAllUpToEnd(Values values) const {
-        int isAnyBeyond = 0;
-        for (const float value : values)
-            isAnyBeyond |= static_cast<int>(!(value <= max));
-        return isAnyBeyond == 0;
-    }
+    bool HasAllUpToEnd(Values values) const { return AreUpTo(values.data(), values.size(), max); }
 
     float min, max;
     double origin, perUnit;
@@ -113,11 +130,7 @@ class PageBlock {
 
     /// A position too far off for a single ends the program.
     void Check(std::size_t count) const {
-        int isAnyBad = 0;
-        for (std::size_t i = 0; i < count; ++i)
-            isAnyBad |= static_cast<int>(!(std::fabs(x_[i]) <= std::numeric_limits<float>::max())) |
-                        static_cast<int>(!(std::fabs(y_[i]) <= std::numeric_limits<float>::max()));
-        if (isAnyBad != 0)
+        if (!AreFinite(x_.data(), count) || !AreFinite(y_.data(), count))
             Fail(FailureCode::kOverflow);
     }
 
@@ -192,11 +205,11 @@ class PointPen {
 
 /// How many points from the first on have its code, kBlock at most.
 std::size_t SameCode(std::span<const std::int16_t> codes) {
-    const std::size_t most = std::min(codes.size(), kBlock);
-    std::size_t count = 1;
-    while (count < most && codes[count] == codes[0])
-        ++count;
-    return count;
+    const auto block = codes.first(std::min(codes.size(), kBlock));
+    if (std::equal(block.begin() + 1, block.end(), block.begin()))
+        return block.size();
+    const auto other = std::find_if(block.begin(), block.end(), [&](std::int16_t code) { return code != block[0]; });
+    return static_cast<std::size_t>(other - block.begin());
 }
 
 }  // namespace

@@ -3,11 +3,13 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 
 #include "render/image_canvas.h"
+#include "ui/wide_loops.h"
 
 namespace halvern {
 
@@ -21,18 +23,31 @@ bool AreNeighbours(PixelPoint a, PixelPoint b) {
     return static_cast<std::uint32_t>(a.x - b.x + 1) <= 2 && static_cast<std::uint32_t>(a.y - b.y + 1) <= 2;
 }
 
+HALVERN_WIDE_LOOPS bool AreWithin(const float* positions, std::size_t count, float farthest) {
+    int isAnyBeyond = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        isAnyBeyond |= static_cast<int>(!(std::fabs(positions[i]) <= farthest));
+    return isAnyBeyond == 0;
+}
+
+/// For positions whose pixels are none of the farthest.
+HALVERN_WIDE_LOOPS void PutOnPixels(const float* positions, std::size_t count, double scale, double shift,
+                                    std::int32_t* pixels) {
+    for (std::size_t i = 0; i < count; ++i)
+        pixels[i] = static_cast<std::int32_t>((positions[i] * scale + shift) + (kFarthestPixel + 0.5)) - kFarthestPixel;
+}
+
 bool AreTheSame(PixelPoint a, PixelPoint b) { return a.x == b.x && a.y == b.y; }
 
 }  // namespace
 
 void ImageCanvas::Mapping::Pixels(std::span<const float> positions, std::int32_t* pixels) const {
-    constexpr double kFarthest = kFarthestPixel;
-    for (std::size_t i = 0; i < positions.size(); ++i) {
-        const double place = positions[i] * scale + shift;
-        const double notBefore = place > -kFarthest ? place : -kFarthest;
-        const double within = notBefore < kFarthest ? notBefore : kFarthest;
-        pixels[i] = static_cast<std::int32_t>(within + (kFarthest + 0.5)) - kFarthestPixel;
-    }
+    constexpr double kNotFar = kFarthestPixel / 2;
+    const auto notFar = static_cast<float>((kNotFar - std::fabs(shift)) / std::fabs(scale));
+    if (AreWithin(positions.data(), positions.size(), notFar))
+        return PutOnPixels(positions.data(), positions.size(), scale, shift, pixels);
+    for (std::size_t i = 0; i < positions.size(); ++i)
+        pixels[i] = Pixel(positions[i]);
 }
 
 /// Hands out the pixels of many positions, block by block.
