@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -70,7 +71,7 @@ inline bool ReadExponent(char sign, const char* digits, int& exponent) {
     if ((sign != '-' && sign != '+') || tens > 9 || ones > 9)
         return false;
     const int size = static_cast<int>(10 * tens + ones);
-    exponent = sign == '-' ? -size : size;
+    exponent = (',' - sign) * size;  // the comma stands between plus and minus
     return true;
 }
 
@@ -95,8 +96,9 @@ inline bool ReadSignal(const char* at, float& signal) {
         return false;
     const auto digits =
         static_cast<std::uint32_t>((bytes & 0xF) * 100000 + FourDigits(bytes >> 16) * 10 + (bytes >> 48));
-    const float size = Scaled(digits, exponent);
-    signal = sign == '-' ? -size : size;
+    // Noise has either sign: a choice between them would be guessed wrong half the time.
+    const std::uint32_t signBit = sign == '-' ? 0x80000000 : 0;
+    signal = std::bit_cast<float>(std::bit_cast<std::uint32_t>(Scaled(digits, exponent)) | signBit);
     return true;
 }
 

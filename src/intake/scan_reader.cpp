@@ -1,6 +1,7 @@
 #include "intake/scan_reader.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 #include "intake/plain_point.h"
@@ -85,16 +86,18 @@ void ReadScan(std::int16_t I, std::int16_t fileNumber) {
         LineReader lines(fileNumber);
         lines.Next();
         ReadHeader(lines.Next(), I);
-        while (!lines.AtEnd()) {
+        const std::span<float, kMostPoints> radii(&S.ScanData(1, 1, I), kMostPoints);
+        const std::span<float, kMostPoints> signals(&S.ScanData(1, 2, I), kMostPoints);
+        for (; !lines.AtEnd(); ++J) {
             const std::string_view line = lines.Next();
-            if (ScanPoint point; ReadPlainPoint(line, point)) [[likely]] {
-                S.ScanData(J, 1, I) = point.radius;
-                S.ScanData(J, 2, I) = point.signal;
+            const auto place = static_cast<std::size_t>(J - 1);
+            if (ScanPoint point; place < kMostPoints && ReadPlainPoint(line, point)) [[likely]] {
+                radii[place] = point.radius;
+                signals[place] = point.signal;
             } else {
                 S.ScanData(J, 1, I) = Single(Val(Part(line, kRadius)));
                 S.ScanData(J, 2, I) = Single(Val(Part(line, kSignal)));
             }
-            ++J;
         }
     }
     Close(fileNumber);
