@@ -61,18 +61,18 @@ HALVERN_WIDE_LOOPS void Clamp(const float* values, std::size_t count, float min,
     }
 }
 
-HALVERN_WIDE_LOOPS bool AreInside(const float* values, std::size_t count, float min, float max) {
-    int isAnyOut = 0;
+HALVERN_WIDE_LOOPS std::int32_t CountInside(const float* values, std::size_t count, float min, float max) {
+    std::int32_t inside = 0;
     for (std::size_t i = 0; i < count; ++i)
-        isAnyOut |= static_cast<int>(!(min < values[i])) | static_cast<int>(!(values[i] < max));
-    return isAnyOut == 0;
+        inside += static_cast<int>(min < values[i]) & static_cast<int>(values[i] < max);
+    return inside;
 }
 
-HALVERN_WIDE_LOOPS bool AreUpTo(const float* values, std::size_t count, float max) {
-    int isAnyBeyond = 0;
+HALVERN_WIDE_LOOPS std::int32_t CountUpTo(const float* values, std::size_t count, float max) {
+    std::int32_t upTo = 0;
     for (std::size_t i = 0; i < count; ++i)
-        isAnyBeyond |= static_cast<int>(!(values[i] <= max));
-    return isAnyBeyond == 0;
+        upTo += static_cast<int>(values[i] <= max);
+    return upTo;
 }
 
 HALVERN_WIDE_LOOPS bool AreFinite(const float* values, std::size_t count) {
@@ -99,9 +99,13 @@ struct AxisView {
     }
 
     bool HasInside(float value) const { return min < value && value < max; }
-    bool HasAllInside(Values values) const { return AreInside(values.data(), values.size(), min, max); }
+    std::size_t Inside(Values values) const {
+        return static_cast<std::size_t>(CountInside(values.data(), values.size(), min, max));
+    }
     bool Has(float value) const { return min <= value && value <= max; }
-    bool HasAllUpToEnd(Values values) const { return AreUpTo(values.data(), values.size(), max); }
+    std::size_t UpToEnd(Values values) const {
+        return static_cast<std::size_t>(CountUpTo(values.data(), values.size(), max));
+    }
 
     float min, max;
     double origin, perUnit;
@@ -154,10 +158,13 @@ class PointPen {
     }
 
     void Markers(Values X, Values Y, std::int32_t code) {
+        std::size_t count = X.size();
+        const std::size_t insideX = x_.Inside(X);
+        if (insideX == 0)
+            return;
         x_.PageAt(X, page_.X());
         y_.PageAt(Y, page_.Y());
-        std::size_t count = X.size();
-        if (!x_.HasAllInside(X) || !y_.HasAllInside(Y))
+        if (insideX != count || y_.Inside(Y) != count)
             count = page_.Keep(count, [&](std::size_t i) { return x_.HasInside(X[i]) & y_.HasInside(Y[i]); });
         if (count > 0)
             canvas_.Circles(page_.First(count), markerRadius_, ColourOf(code));
@@ -185,10 +192,13 @@ class PointPen {
     }
 
     void DrawLines(Values X, Values Y, Colour colour) {
+        std::size_t count = X.size();
+        const std::size_t upToEnd = x_.UpToEnd(X);
+        if (upToEnd == 0)
+            return;
         x_.PageAt(X, page_.X());
         y_.ClampedPageAt(Y, page_.Y());
-        std::size_t count = X.size();
-        if (!x_.HasAllUpToEnd(X))
+        if (upToEnd != count)
             count = page_.Keep(count, [&](std::size_t i) { return X[i] <= x_.max; });
         page_.Check(count);
         if (count > 0)
