@@ -10,6 +10,7 @@
 #include "store/format.h"
 #include "store/report.h"
 #include "store/single.h"
+#include "store/typed_number.h"
 #include "store/val.h"
 #include "ui/desktop.h"
 
@@ -27,6 +28,9 @@ constexpr Pattern kFilesFound{"A Total of ### files were found."};
 constexpr Pattern kNumberInScan{"00000"};
 constexpr Pattern kNumberInList{"#####"};
 constexpr Pattern kIncrementInList{"_I###.LST"};
+
+constexpr TypedLimits kIncrementLimits{0.0, 250.0, "The value for the file increment is invalid or out of range!"};
+constexpr TypedLimits kCountLimits{3.0, 501.0, "The value for the number of files is invalid or out of range!"};
 
 FileDialog FirstDataFileDialog() {
     return {.title = "Get Data File",
@@ -125,18 +129,6 @@ bool SaveList(const std::string& name) {
     return true;
 }
 
-/// What was typed goes to the spin control, or away. A number may miss the limits of the spin control by its rounding.
-void TakeTyped(TextBox& text, UpDown& spin, double above, double below, std::string_view message) {
-    const double value = Val(text.Text());
-    if (IsNumeric(text.Text()) && value > above && value < below) {
-        spin.SetValue(ToInteger32(value));
-        return;
-    }
-    MsgBox(std::string(message), kExclamation, "Data Entry Error");
-    text.SetText(Concat({" ", std::to_string(spin.Value())}));
-    text.SetFocus();
-}
-
 }  // namespace
 
 GenerateFile::GenerateFile() : Form("GenerateFile", "Generate List File", {3000, 3000, 6300, 3450}) {
@@ -172,13 +164,9 @@ void GenerateFile::Text3_Click() {
     }
 }
 
-void GenerateFile::Text1_LostFocus() {
-    TakeTyped(Text1, UpDown1, 0.0, 250.0, "The value for the file increment is invalid or out of range!");
-}
+void GenerateFile::Text1_LostFocus() { TakeTypedNumber(Text1, UpDown1, kIncrementLimits, " "); }
 
-void GenerateFile::Text2_LostFocus() {
-    TakeTyped(Text2, UpDown2, 3.0, 501.0, "The value for the number of files is invalid or out of range!");
-}
+void GenerateFile::Text2_LostFocus() { TakeTypedNumber(Text2, UpDown2, kCountLimits, " "); }
 
 void GenerateFile::OKMakeFile_Click() {
     const ScanFileName first = TakeApart(Store().FileNames(0).Name());

@@ -5,10 +5,15 @@
 #include "store/analysis_store.h"
 #include "store/format.h"
 #include "store/single.h"
-#include "store/val.h"
-#include "ui/desktop.h"
+#include "store/typed_number.h"
 
 namespace halvern {
+
+namespace {
+
+constexpr TypedLimits kIncrementLimits{0.0, 250.0, "The value for the file increment is invalid or out of range!"};
+
+}  // namespace
 
 IncrementalPlot::IncrementalPlot() : Form("IncrementalPlot", "Choose Plots", {3000, 3000, 4200, 2100}) {
     Add("Label1", Label1, {300, 180, 3600, 300});
@@ -34,17 +39,7 @@ void IncrementalPlot::Form_Load() {
     UpDown1.SetValue(S.PlotEveryNth);
 }
 
-/// The typed value has a fixed limit; the spin control brings what passes to its own.
-void IncrementalPlot::PlotIncr_LostFocus() {
-    const double value = Val(PlotIncr.Text());
-    if (IsNumeric(PlotIncr.Text()) && value > 0.0 && value < 250.0) {
-        UpDown1.SetValue(ToInteger32(value));
-        return;
-    }
-    MsgBox("The value for the file increment is invalid or out of range!", kExclamation, "Data Entry Error");
-    PlotIncr.SetText(std::to_string(UpDown1.Value()));
-    PlotIncr.SetFocus();
-}
+void IncrementalPlot::PlotIncr_LostFocus() { TakeTypedNumber(PlotIncr, UpDown1, kIncrementLimits); }
 
 void IncrementalPlot::PlotEmUpScottie_Click() {
     auto& S = Store();

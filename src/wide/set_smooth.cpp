@@ -7,7 +7,7 @@
 #include "store/format.h"
 #include "store/menus.h"
 #include "store/single.h"
-#include "store/val.h"
+#include "store/typed_number.h"
 #include "ui/desktop.h"
 
 namespace halvern {
@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::int32_t kSmallestWindow = 3;
 constexpr Pattern kWindow{"##"};
+
+// Kept: the words are those of the dialog for the file increment.
+constexpr TypedLimits kWindowLimits{2.0, 50.0, "The value for the file increment is invalid or out of range!"};
 
 /// What was calculated with another window, or without one, is no longer offered.
 void WithdrawDistribution() {
@@ -55,17 +58,7 @@ void SetSmooth::Form_Load() {
     S.UseSmoothing = false;
 }
 
-// Kept: the words are those of the dialog for the file increment.
-void SetSmooth::Text1_LostFocus() {
-    const double value = Val(Text1.Text());
-    if (IsNumeric(Text1.Text()) && value > 2.0 && value < 50.0) {
-        UpDown1.SetValue(ToInteger32(value));
-        return;
-    }
-    MsgBox("The value for the file increment is invalid or out of range!", kExclamation, "Data Entry Error");
-    Text1.SetText(std::to_string(UpDown1.Value()));
-    Text1.SetFocus();
-}
+void SetSmooth::Text1_LostFocus() { TakeTypedNumber(Text1, UpDown1, kWindowLimits); }
 
 void SetSmooth::IsOK_Click() {
     auto& S = Store();
