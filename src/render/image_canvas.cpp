@@ -10,15 +10,7 @@ namespace halvern {
 
 namespace {
 
-constexpr std::uint32_t kOpaque = 0xFF000000;
-
 QColor ColourOf(Colour colour) { return QColor::fromRgb(static_cast<QRgb>(colour)); }
-
-std::uint32_t PixelBits(Colour colour) { return kOpaque | static_cast<std::uint32_t>(colour); }
-
-bool AreNeighbours(PixelPoint a, PixelPoint b) {
-    return static_cast<std::uint32_t>(a.x - b.x + 1) <= 2 && static_cast<std::uint32_t>(a.y - b.y + 1) <= 2;
-}
 
 }  // namespace
 

@@ -17,12 +17,6 @@ namespace {
 
 constexpr std::size_t kBlock = 256;
 
-constexpr std::uint32_t kOpaque = 0xFF000000;
-
-bool AreNeighbours(PixelPoint a, PixelPoint b) {
-    return static_cast<std::uint32_t>(a.x - b.x + 1) <= 2 && static_cast<std::uint32_t>(a.y - b.y + 1) <= 2;
-}
-
 HALVERN_WIDE_LOOPS bool AreWithin(const float* positions, std::size_t count, float farthest) {
     int isAnyBeyond = 0;
     for (std::size_t i = 0; i < count; ++i)
@@ -36,8 +30,6 @@ HALVERN_WIDE_LOOPS void PutOnPixels(const float* positions, std::size_t count, d
     for (std::size_t i = 0; i < count; ++i)
         pixels[i] = static_cast<std::int32_t>((positions[i] * scale + shift) + (kFarthestPixel + 0.5)) - kFarthestPixel;
 }
-
-bool AreTheSame(PixelPoint a, PixelPoint b) { return a.x == b.x && a.y == b.y; }
 
 }  // namespace
 
@@ -84,7 +76,7 @@ void ImageCanvas::Circles(const Positions& middles, float radius, Colour colour)
                          stampRadius_ <= kFarthestStampReach;
     const Positions others{middles.x.subspan(1), middles.y.subspan(1)};
     if (isPlain)
-        PutDiscs(others, kOpaque | static_cast<std::uint32_t>(colour));
+        PutDiscs(others, PixelBits(colour));
     else
         Canvas::Circles(others, radius, colour);
 }
@@ -110,7 +102,7 @@ void ImageCanvas::LinesTo(const Positions& ends, Colour colour) {
     if (ends.x.empty())
         return;
     const bool goesOn = drawn_.lineEnd.x != kNowhere.x && drawn_.colour == colour;
-    DrawThinLines(ends, {kOpaque | static_cast<std::uint32_t>(colour), false}, goesOn);
+    DrawThinLines(ends, {PixelBits(colour), false}, goesOn);
     currentX_ = ends.x.back();
     currentY_ = ends.y.back();
     drawn_.marker = kNowhere;

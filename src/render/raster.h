@@ -21,6 +21,16 @@ struct Raster {
     }
 };
 
+inline bool AreTheSame(PixelPoint a, PixelPoint b) { return a.x == b.x && a.y == b.y; }
+
+/// Whether two pixels touch, by a side or a corner, or are the same.
+inline bool AreNeighbours(PixelPoint a, PixelPoint b) {
+    return static_cast<std::uint32_t>(a.x - b.x + 1) <= 2 && static_cast<std::uint32_t>(a.y - b.y + 1) <= 2;
+}
+
+/// The word of a pixel of a colour.
+inline std::uint32_t PixelBits(Colour colour) { return 0xFF000000 | static_cast<std::uint32_t>(colour); }
+
 /// What a pixel becomes: these bits, or what it was with these bits turned over.
 struct Ink {
     std::uint32_t bits = 0;
