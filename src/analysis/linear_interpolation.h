@@ -37,8 +37,9 @@ void InterpolateLinearly(Curve& X, Curve& Y, std::int16_t NIn, std::int16_t& NOu
         Fail(FailureCode::kSubscriptOutOfRange);
     const auto count = static_cast<std::size_t>(std::max<std::int16_t>(NIn, 1));
     const std::size_t end = countUpTo(x[count - 1]);
-    const auto isBehind = [&](std::size_t j) { return x[j] < grid[i] && grid[i] <= x[j + 1]; };
-    for (std::size_t j = 0; i < end && j < count; ++j) {
+    // The next value of the grid lies beyond point j, and all of them at or before the last point: j stays in front of it.
+    const auto isBehind = [&](std::size_t j) { return grid[i] <= x[j + 1]; };
+    for (std::size_t j = 0; i < end; ++j) {
         if (!isBehind(j))
             continue;
         const float slope = SlopeAt(static_cast<std::int32_t>(j + 1));

@@ -124,7 +124,7 @@ void DifferencePair(std::int32_t P, std::int32_t K, float Omega2, std::vector<do
         Fail(FailureCode::kDivisionByZero);
     if (logarithms.empty())
         logarithms = LogarithmsOfRadius();
-    if (S.SedTime == 0.0F || Omega2 == 0.0F)
+    if (Omega2 == 0.0F)
         Fail(FailureCode::kDivisionByZero);
     const std::size_t count = logarithms.size();
     const auto signalsOf = [&](std::int32_t scan) { return std::span<const float>(&S.GridSignal(1, scan), count); };
@@ -134,7 +134,7 @@ void DifferencePair(std::int32_t P, std::int32_t K, float Omega2, std::vector<do
 
 void DifferencePairs() {
     auto& S = Store();
-    S.ScanSkip = ToInteger16(S.NumFiles / 2);
+    S.ScanSkip = static_cast<std::int16_t>(S.NumFiles / 2);
     // Kept: rpm to rad/s is 0.104719755 here and 0.1047196 in the scan times and in g(s*).
     const double omega = static_cast<double>(S.ScanSpeed(1)) * 0.104719755;
     const float Omega2 = Single(omega * omega);

@@ -18,6 +18,9 @@ namespace {
 
 constexpr std::int32_t kHalfWindow = 2;  // points; five are averaged
 constexpr float kHalfFringe = 0.5F;
+// Singles count single fringes up to 2^24, and so a mean can move by 2^25; the sum's rounding adds to it.
+constexpr float kFarthestMove = 0x1p26F;  // fringes
+constexpr float kSumRounding = 0x1p-18F;  // per fringe of the mean
 
 void ShowPick() {
     auto& S = Store();
@@ -39,6 +42,10 @@ std::int32_t ReferencePoint() {
             return I - 1;
     return 0;
 }
+
+/// Whether a mean can come to another one by whole fringes. A signal beyond that is no signal; to count towards it would
+/// take minutes, and come to nothing.
+bool CanBeReached(float Cur, float Diff) { return std::fabs(Diff) <= kFarthestMove + std::fabs(Cur) * kSumRounding; }
 
 float MeanAround(std::int32_t Idx, std::int32_t K) {
     const auto& S = Store();
@@ -97,7 +104,7 @@ void CorrectIntegerFringes() {
         float Cur = MeanAround(Idx, K);
         for (;;) {
             const float Diff = Single(static_cast<double>(Cur) - Ref);
-            if (std::fabs(Diff) <= kHalfFringe)
+            if (std::fabs(Diff) <= kHalfFringe || !CanBeReached(Cur, Diff))
                 break;
             if (!MoveScan(K, Diff > 0.0F ? -1.0 : 1.0))
                 break;

@@ -39,9 +39,10 @@ void MoveUp(Control& control, std::int32_t twips) {
 
 template <class Row>
 Row& RowAt(std::array<Row, SetMultiMenF::kRows>& rows, std::int32_t Index) {
-    if (Index < 0 || Index >= SetMultiMenF::kRows)
+    const auto row = static_cast<std::size_t>(Index);
+    if (row >= rows.size())
         Fail(FailureCode::kSubscriptOutOfRange);
-    return rows[static_cast<std::size_t>(Index)];
+    return rows[row];
 }
 
 }  // namespace

@@ -4,29 +4,35 @@
 
 #include <cstdio>
 #include <exception>
+#include <utility>
 
+#include "shell/failure_report.h"
 #include "store/failure.h"
 #include "ui/desktop.h"
 
 namespace halvern {
 
-void EventGate::Run(const std::function<void()>& event) {
+void EventGate::Run(const std::function<void()>& event, std::string what) {
     if (ended_)
         return;
-    ++depth_;
+    running_.push_back(std::move(what));
+    RunToItsEnd(event);
+    running_.pop_back();
+    if (running_.empty() && !ended_ && AfterEvent)
+        AfterEvent();
+}
+
+void EventGate::RunToItsEnd(const std::function<void()>& event) {
     try {
         event();
     } catch (const ProgramEnd&) {
         End(0);
     } catch (const RuntimeFailure& failure) {
         const std::string number = "Run-time error '" + std::to_string(failure.Number()) + "':";
-        Fail(number + " " + failure.what(), number + "\r\n\r\n" + failure.what());
-    } catch (const std::exception& failure) {
-        Fail(failure.what(), failure.what());
+        Fail(FailureReport(failure, running_, "halvern"), number + "\r\n\r\n" + failure.what());
+    } catch (const std::exception& defect) {
+        Fail(FailureReport(defect, running_, "halvern"), defect.what());
     }
-    --depth_;
-    if (depth_ == 0 && !ended_ && AfterEvent)
-        AfterEvent();
 }
 
 void EventGate::Fail(const std::string& onStandardError, const std::string& inBox) {
@@ -35,7 +41,7 @@ void EventGate::Fail(const std::string& onStandardError, const std::string& inBo
     // The gate shuts before the box opens: behind the box no handler may work on with what the failure left.
     ended_ = true;
     status_ = kFailureStatus;
-    std::fprintf(stderr, "%s\n", onStandardError.c_str());
+    std::fputs(onStandardError.c_str(), stderr);
     if (TellFailure)
         TellFailure(inBox);
     QCoreApplication::exit(status_);

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace halvern {
 
@@ -19,9 +20,11 @@ class EventGate {
 
     /// Runs an event, unless the program has ended.
     ///
-    /// `ProgramEnd` ends the program with status 0. A failure that no handler has caught is told on standard error and
-    /// in a box, and ends it with status 70.
-    void Run(const std::function<void()>& event);
+    /// `ProgramEnd` ends the program with status 0. A failure that no handler has caught is told on standard error, with
+    /// the events that were running, and in a box, and ends it with status 70.
+    ///
+    /// Given     what   the event as a session script has it, without its values: "click KeldIt"
+    void Run(const std::function<void()>& event, std::string what = "start");
 
     /// Ends the program; the first end is the one that counts.
     void End(int status);
@@ -35,10 +38,12 @@ class EventGate {
 
   private:
     void Fail(const std::string& onStandardError, const std::string& inBox);
+    void RunToItsEnd(const std::function<void()>& event);
 
     bool ended_ = false;
     int status_ = 0;
-    int depth_ = 0;
+    /// The events that have begun, the outermost first.
+    std::vector<std::string> running_;
 };
 
 /// Exit status after a run-time failure.

@@ -1,8 +1,12 @@
 #include "desktop/file_dialog.h"
 
+#include <QChildEvent>
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QStyledItemDelegate>
 
 #include "desktop/message_box.h"
 #include "render/shown_text.h"
@@ -17,6 +21,16 @@ QStringList ParsePatterns(const QString& text) {
         patterns += pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
     return patterns;
 }
+
+/// Shows the names of files, which may hold any character, each on its one line.
+class NameDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QString displayText(const QVariant& value, const QLocale& locale) const override {
+        return ShownLine(QStyledItemDelegate::displayText(value, locale).toStdString());
+    }
+};
 
 }  // namespace
 
@@ -44,6 +58,7 @@ FileDialogWindow::FileDialogWindow(QWidget* parent, const FileDialog& settings, 
     setDirectory(QDir::currentPath());
     setDefaultSuffix(ShownLine(settings.defaultExtension));
     SetFilters(ParseFilter(settings.filter));
+    setItemDelegate(new NameDelegate(this));
     if (!settings.fileName.empty())
         selectFile(QFile::decodeName(settings.fileName.c_str()));
 }
@@ -62,21 +77,47 @@ void FileDialogWindow::SetFilters(const std::vector<FileFilter>& filters) {
 }
 
 std::optional<std::string> FileDialogWindow::Ask() {
-    if (exec() != Accepted || selectedFiles().isEmpty())
+    if (exec() != Accepted)
         return std::nullopt;
-    return QFile::encodeName(QDir::cleanPath(selectedFiles().constFirst())).toStdString();
+    return QFile::encodeName(QDir::cleanPath(taken_)).toStdString();
 }
 
 void FileDialogWindow::accept() {
-    const QStringList files = selectedFiles();
-    const QString path = files.isEmpty() ? QString() : files.constFirst();
+    const QString path = Chosen();
     // A folder is entered, and nothing typed does nothing: both are the toolkit's.
     if (path.isEmpty() || QFileInfo(path).isDir()) {
         QFileDialog::accept();
         return;
     }
-    if (kind_ == FileDialogKind::kExistingFile ? TakesExisting(path) : TakesNew(path))
-        QFileDialog::accept();
+    if (kind_ == FileDialogKind::kExistingFile ? !TakesExisting(path) : !TakesNew(path))
+        return;
+    taken_ = path;
+    QDialog::accept();
+}
+
+/// The path of what was clicked or typed; empty for nothing.
+///
+/// In what is typed the toolkit looks for several names, each between quotes. One file is asked for here: a quote is a
+/// letter of its name, but for a pair around the whole.
+QString FileDialogWindow::Chosen() const {
+    const QStringList files = selectedFiles();
+    const QString path = files.isEmpty() ? QString() : files.constFirst();
+    const QString typed = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->text();
+    const auto quotes = typed.count(QLatin1Char('"'));
+    const bool isQuoted = quotes == 2 && typed.startsWith(QLatin1Char('"')) && typed.endsWith(QLatin1Char('"'));
+    if (quotes == 0 || isQuoted || path.endsWith(QLatin1Char('/') + typed))
+        return path;
+    QString named = directory().absoluteFilePath(typed);
+    if (!defaultSuffix().isEmpty() && QFileInfo(named).suffix().isEmpty())
+        named += QLatin1Char('.') + defaultSuffix();
+    return named;
+}
+
+// The boxes that the toolkit brings up itself, when a file is to be renamed say, name files too.
+void FileDialogWindow::childEvent(QChildEvent* event) {
+    QFileDialog::childEvent(event);
+    if (auto* box = event->polished() ? qobject_cast<QMessageBox*>(event->child()) : nullptr)
+        box->setTextFormat(Qt::PlainText);
 }
 
 bool FileDialogWindow::TakesExisting(const QString& path) {
@@ -92,7 +133,8 @@ bool FileDialogWindow::TakesNew(const QString& path) {
         Refuse(path, "Path does not exist.\r\nPlease verify the correct path was given.");
         return false;
     }
-    if (file.exists() && !file.isFile()) {
+    // A zero byte would cut the name short on its way to the system.
+    if (path.contains(QChar(QChar::Null)) || (file.exists() && !file.isFile())) {
         Refuse(path, "This is no file that can be written.");
         return false;
     }

@@ -33,7 +33,11 @@ class FileDialogWindow : public QFileDialog {
 
     void accept() override;
 
+  protected:
+    void childEvent(QChildEvent* event) override;
+
   private:
+    QString Chosen() const;
     void SetFilters(const std::vector<FileFilter>& filters);
     bool TakesExisting(const QString& path);
     bool TakesNew(const QString& path);
@@ -42,6 +46,7 @@ class FileDialogWindow : public QFileDialog {
 
     int flags_;
     FileDialogKind kind_;
+    QString taken_;  ///< the path that was accepted
 };
 
 }  // namespace halvern

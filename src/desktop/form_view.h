@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
 
 #include <chrono>
 #include <optional>
@@ -15,7 +16,7 @@ namespace halvern {
 ///
 /// A form that tells progress has its window later: at a repaint when it has been shown for a while. What is over before
 /// then flickers over no screen.
-class FormView : public ControlObserver {
+class FormView final : public ControlObserver {
   public:
     FormView(Form& form, EventGate& gate);
     /// The window goes as soon as its event, if it is in one, is over.
@@ -51,7 +52,7 @@ class FormView : public ControlObserver {
     const bool tellsProgress_;
     std::optional<std::chrono::steady_clock::time_point> shownSince_;  ///< a form that tells progress
     FormWindow* window_ = nullptr;
-    QEventLoop* waiting_ = nullptr;  ///< the loop that waits for the form to be hidden
+    QPointer<QEventLoop> waiting_;  ///< the loop that waits for the form to be hidden; null once it has ended
 };
 
 }  // namespace halvern

@@ -237,7 +237,8 @@ void FormWindow::TellSize() {
         return;
     {
         const QScopedValueRollback telling(tellingSize_, true);
-        gate_.Run([&] { form_->Resized(Twips(told.width()), Twips(told.height()), isMinimized()); });
+        gate_.Run([&] { form_->Resized(Twips(told.width()), Twips(told.height()), isMinimized()); },
+                  "resize " + form_->Name());
     }
     if (!IsLive() || isMinimized())
         return;
@@ -255,7 +256,7 @@ void FormWindow::TellSize() {
 void FormWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     if (IsLive() && form_->ClosesByFrame())
-        gate_.Run([this] { form_->Unload(); });
+        gate_.Run([this] { form_->Unload(); }, "close " + form_->Name());
 }
 
 void FormWindow::showEvent(QShowEvent* event) {
@@ -276,7 +277,7 @@ void FormWindow::TellItIsUp() {
             return;
         const QPointer<FormWindow> self = this;
         tellingItIsUp_ = true;
-        gate_.Run([this] { form_->BroughtUp(); });
+        gate_.Run([this] { form_->BroughtUp(); }, "show " + form_->Name());
         if (self != nullptr)
             self->tellingItIsUp_ = false;
     };

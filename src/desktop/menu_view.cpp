@@ -18,6 +18,12 @@ void TakeOut(QWidget& parent) {
         parent.removeAction(action);
 }
 
+QString CaptionOf(const MenuItem& item) {
+    if (item.IsSeparator())
+        return {};
+    return item.ShowsName() ? ShownName(item.Caption()) : ShownLine(item.Caption());
+}
+
 }  // namespace
 
 MenuView::MenuView(QMenuBar& widget, MenuBar& bar, EventGate& gate) : widget_(widget), bar_(&bar), gate_(gate) {
@@ -86,7 +92,7 @@ QMenu& MenuView::SubmenuOf(QAction& action) {
 void MenuView::Mirror(const MenuItem& item) {
     QAction& action = *ActionOf(item);
     action.setSeparator(item.IsSeparator());
-    action.setText(item.IsSeparator() ? QString() : ShownLine(item.Caption()));
+    action.setText(CaptionOf(item));
     action.setEnabled(item.IsEnabled());
     action.setVisible(item.IsShown());
     // Only a ticked item is one that can be: the toolkit would tick the others by itself when they are chosen.
@@ -99,19 +105,21 @@ void MenuView::Choose(const MenuItem& item) {
     if (bar_ == nullptr || gate_.HasEnded())
         return;
     Mirror(item);
-    gate_.Run([&] {
-        const auto& entries = bar_->Entries();
-        const auto entry =
-            std::find_if(entries.begin(), entries.end(), [&](const MenuEntry& e) { return e.item == &item; });
-        const auto place = static_cast<std::size_t>(entry - entries.begin());
-        // A shortcut reaches its item past the menus over it.
-        if (!bar_->CanBeReached(place) || bar_->OpensSubmenu(place) || item.IsSeparator())
-            return;
-        if (item.Click)
-            item.Click();
-        else
-            MsgBox("This command is not part of this version yet.", kInformation);
-    });
+    gate_.Run(
+        [&] {
+            const auto& entries = bar_->Entries();
+            const auto entry =
+                std::find_if(entries.begin(), entries.end(), [&](const MenuEntry& e) { return e.item == &item; });
+            const auto place = static_cast<std::size_t>(entry - entries.begin());
+            // A shortcut reaches its item past the menus over it.
+            if (!bar_->CanBeReached(place) || bar_->OpensSubmenu(place) || item.IsSeparator())
+                return;
+            if (item.Click)
+                item.Click();
+            else
+                MsgBox("This command is not part of this version yet.", kInformation);
+        },
+        "click " + item.Name());
 }
 
 }  // namespace halvern

@@ -12,7 +12,7 @@ namespace halvern {
 
 /// Shows a tree of menu items in a menu bar: captions with their access keys, states, ticks, shortcuts. Choosing an
 /// item runs its handler.
-class MenuView : public ControlObserver, public MenuBarObserver {
+class MenuView final : public ControlObserver, public MenuBarObserver {
   public:
     /// Given     widget   the empty bar; it has to live as long as the view
     MenuView(QMenuBar& widget, MenuBar& bar, EventGate& gate);

@@ -35,10 +35,12 @@ QWidget* NewButton(Control& control, EventGate& gate, QWidget* parent) {
     auto* widget = new QPushButton(parent);
     auto& button = static_cast<Button&>(control);
     QObject::connect(widget, &QPushButton::clicked, widget, [&button, &gate] {
-        gate.Run([&] {
-            if (button.Click)
-                button.Click();
-        });
+        gate.Run(
+            [&] {
+                if (button.Click)
+                    button.Click();
+            },
+            "click " + button.Name());
     });
     return widget;
 }
@@ -50,8 +52,9 @@ QWidget* NewTextBox(Control& control, EventGate& gate, QWidget* parent) {
 QWidget* NewCheckBox(Control& control, EventGate& gate, QWidget* parent) {
     auto* widget = new QCheckBox(parent);
     auto& box = static_cast<CheckBox&>(control);
-    QObject::connect(widget, &QCheckBox::clicked, widget,
-                     [&box, &gate](bool ticked) { gate.Run([&] { box.SetValue(ticked ? 1 : 0); }); });
+    QObject::connect(widget, &QCheckBox::clicked, widget, [&box, &gate](bool ticked) {
+        gate.Run([&] { box.SetValue(ticked ? 1 : 0); }, (ticked ? "tick " : "untick ") + box.Name());
+    });
     return widget;
 }
 
@@ -75,8 +78,10 @@ QWidget* NewUpDown(Control& control, EventGate& gate, QWidget* parent) {
     auto& spin = static_cast<UpDown&>(control);
     auto* up = NewArrow(Qt::UpArrow, "Up", pair);
     auto* down = NewArrow(Qt::DownArrow, "Down", pair);
-    QObject::connect(up, &QToolButton::clicked, pair, [&spin, &gate] { gate.Run([&] { spin.StepUp(); }); });
-    QObject::connect(down, &QToolButton::clicked, pair, [&spin, &gate] { gate.Run([&] { spin.StepDown(); }); });
+    QObject::connect(up, &QToolButton::clicked, pair,
+                     [&spin, &gate] { gate.Run([&] { spin.StepUp(); }, "spin " + spin.Name()); });
+    QObject::connect(down, &QToolButton::clicked, pair,
+                     [&spin, &gate] { gate.Run([&] { spin.StepDown(); }, "spin " + spin.Name()); });
     return pair;
 }
 
@@ -119,9 +124,6 @@ QWidget* NewProgressBar(Control& /*control*/, EventGate& /*gate*/, QWidget* pare
     return widget;
 }
 
-/// The caption of a frame is no access key.
-QString WithoutAccessKey(QString caption) { return caption.replace(QLatin1Char('&'), QLatin1String("&&")); }
-
 void MirrorLabel(Control& control, QWidget& widget) {
     static_cast<QLabel&>(widget).setText(ShownLine(control.Caption()));
 }
@@ -139,7 +141,7 @@ void MirrorCheckBox(Control& control, QWidget& widget) {
 void MirrorTextBox(Control& /*control*/, QWidget& widget) { static_cast<TextBoxView&>(widget).BoxChanged(); }
 
 void MirrorFrame(Control& control, QWidget& widget) {
-    static_cast<QGroupBox&>(widget).setTitle(WithoutAccessKey(ShownLine(control.Caption())));
+    static_cast<QGroupBox&>(widget).setTitle(ShownName(control.Caption()));
 }
 
 void MirrorList(Control& /*control*/, QWidget& widget) { static_cast<ListView&>(widget).ExtentChanged(); }

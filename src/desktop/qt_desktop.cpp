@@ -1,10 +1,11 @@
 #include "desktop/qt_desktop.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QByteArray>
 #include <QClipboard>
 #include <QEventLoop>
 #include <QPointer>
-#include <QSaveFile>
 #include <QScreen>
 #include <QTimer>
 
@@ -15,6 +16,8 @@
 #include "desktop/pixels.h"
 #include "desktop/screen_capture.h"
 #include "store/failure.h"
+#include "store/file_calls.h"
+#include "store/system_failure.h"
 
 namespace halvern {
 
@@ -199,11 +202,15 @@ BitmapPointer QtDesktop::CaptureArea(Form& form, bool clientOnly, std::int32_t l
 }
 
 void QtDesktop::SavePicture(const Bitmap& picture, const std::string& path) {
-    QSaveFile file(QFile::decodeName(path.c_str()));
-    file.setDirectWriteFallback(true);
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
     const QImage image = ImageOn(picture).convertToFormat(QImage::Format_RGB888);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "bmp") || !file.commit())
+    if (!image.save(&buffer, "bmp"))
         Fail(FailureCode::kDeviceError, path);
+    if (const std::error_code error =
+            ReplaceFile(path, {content.constData(), static_cast<std::size_t>(content.size())}))
+        FailWithErrno(error.value(), path);
 }
 
 void QtDesktop::ClearClipboard() { QGuiApplication::clipboard()->clear(); }

@@ -10,6 +10,9 @@
 
 #include "desktop/qt_desktop.h"
 #include "shell/start.h"
+#include "store/file_calls.h"
+#include "store/files.h"
+#include "store/standard_streams.h"
 #include "ui/desktop.h"
 
 namespace halvern {
@@ -45,6 +48,8 @@ void KeepNoSettings() {
 }  // namespace
 
 int RunHalvern(char* programPath) {
+    HoldStandardStreams();
+    TakeSignalsOfWritingAsErrors();
     usualHandler = qInstallMessageHandler(EndQuietlyWhenFatal);
     int argc = 1;
     char* argv[] = {programPath, nullptr};
@@ -65,6 +70,7 @@ int RunHalvern(char* programPath) {
     if (stillAskingForPrinters) {
         // A thread is inside the print system's library and can't be called back. The process ends around it: what the
         // library uses must not be taken down first.
+        FlushOpenFiles();
         std::fflush(nullptr);
         std::_Exit(status);
     }

@@ -46,7 +46,8 @@ void SurfaceView::Tell(Handler handler, int Button, const QMouseEvent& event) {
     const auto [X, Y] = canvas_.PageAt(event.position());
     const int Shift = ShiftOf(event.modifiers());
     Form& form = *form_;
-    gate_.Run([&form, handler, Button, Shift, x = X, y = Y] { (form.*handler)(Button, Shift, x, y); });
+    gate_.Run([&form, handler, Button, Shift, x = X, y = Y] { (form.*handler)(Button, Shift, x, y); },
+              "mouse " + form.Name());
 }
 
 void SurfaceView::mousePressEvent(QMouseEvent* event) {

@@ -15,7 +15,7 @@ TextBoxView::TextBoxView(TextBox& box, EventGate& gate, QWidget* parent) : QLine
     setReadOnly(box.Click != nullptr);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (box_ != nullptr)
-            gate_.Run([&] { box_->Type(text.toStdString()); });
+            gate_.Run([&] { box_->Type(text.toStdString()); }, "type " + box_->Name());
     });
 }
 
@@ -34,7 +34,7 @@ bool TextBoxView::Leave() {
     bool left = false;
     {
         const QScopedValueRollback leaving(leaving_, true);
-        gate_.Run([&] { left = box_->Leave(); });
+        gate_.Run([&] { left = box_->Leave(); }, "type " + box_->Name());
     }
     if (box_ == nullptr || gate_.HasEnded())
         return false;
@@ -57,15 +57,17 @@ void TextBoxView::TellOfFocus() {
     if (box_ == nullptr || knowsOfFocus_)
         return;
     knowsOfFocus_ = true;
-    gate_.Run([this] {
-        if (box_->GotFocus)
-            box_->GotFocus();
-    });
+    gate_.Run(
+        [this] {
+            if (box_->GotFocus)
+                box_->GotFocus();
+        },
+        "type " + box_->Name());
 }
 
 void TextBoxView::Click() {
     if (box_ != nullptr && box_->Click)
-        gate_.Run(box_->Click);
+        gate_.Run(box_->Click, "click " + box_->Name());
 }
 
 // Whoever has no mouse presses a key where others click.

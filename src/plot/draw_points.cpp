@@ -165,7 +165,8 @@ class PointPen {
         x_.PageAt(X, page_.X());
         y_.PageAt(Y, page_.Y());
         if (insideX != count || y_.Inside(Y) != count)
-            count = page_.Keep(count, [&](std::size_t i) { return x_.HasInside(X[i]) & y_.HasInside(Y[i]); });
+            count = page_.Keep(
+                count, [&](std::size_t i) { return unsigned{x_.HasInside(X[i])} & unsigned{y_.HasInside(Y[i])}; });
         if (count > 0)
             canvas_.Circles(page_.First(count), markerRadius_, ColourOf(code));
     }

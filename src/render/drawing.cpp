@@ -1,14 +1,14 @@
 #include "render/drawing.h"
 
+#include <QBuffer>
+#include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSvgGenerator>
 
 #include <algorithm>
 #include <cstdint>
 #include <iterator>
-#include <memory>
 
 #include "render/graphics.h"
 #include "render/image_canvas.h"
@@ -26,41 +26,35 @@ constexpr double kPointsPerInch = 72.0;
 constexpr int kLongestSide = 32767;
 constexpr std::int64_t kMostPixels = 1 << 28;
 
-/// The file behind a drawing: one that stands already is replaced when the new one is complete.
-class DrawingFile {
+/// Where the bytes of a drawing gather.
+class Bytes {
   public:
-    explicit DrawingFile(const std::string& path) : file_(QString::fromUtf8(path.data(), Length(path))) {
-        file_.setDirectWriteFallback(true);
-    }
-
-    bool Open() { return file_.open(QIODevice::WriteOnly); }
-    QSaveFile& Device() { return file_; }
-    std::string Error() const { return file_.errorString().toStdString(); }
-    std::string Commit() { return file_.commit() ? std::string() : Error(); }
+    Bytes() { buffer_.open(QIODevice::WriteOnly); }
+    QBuffer& Device() { return buffer_; }
+    std::string Taken() const { return buffer_.data().toStdString(); }
 
   private:
-    static qsizetype Length(const std::string& text) { return static_cast<qsizetype>(text.size()); }
-
-    QSaveFile file_;
+    QBuffer buffer_;
 };
 
 class ImageDrawing final : public Drawing {
   public:
-    ImageDrawing(std::unique_ptr<DrawingFile> file, const DrawingOrder& order, const char* format)
-        : file_(std::move(file)), format_(format) {
+    ImageDrawing(const DrawingOrder& order, const char* format) : format_(format) {
         canvas_.SetSize({order.width, order.height}, 1.0);
     }
 
     Canvas& Surface() override { return canvas_; }
 
-    std::string Write() override {
-        if (!canvas_.Image().save(&file_->Device(), format_))
-            return file_->Error();
-        return file_->Commit();
+    std::string Finish(std::string& content) override {
+        Bytes bytes;
+        QImageWriter writer(&bytes.Device(), format_);
+        if (!writer.write(canvas_.Image()))
+            return writer.errorString().toStdString();
+        content = bytes.Taken();
+        return {};
     }
 
   private:
-    std::unique_ptr<DrawingFile> file_;
     const char* format_;
     ImageCanvas canvas_;
 };
@@ -87,33 +81,32 @@ struct PdfPage : QPdfWriter {
 template <class Page>
 class PageDrawing final : public Drawing {
   public:
-    PageDrawing(std::unique_ptr<DrawingFile> file, const DrawingOrder& order, const char* /*format*/)
-        : file_(std::move(file)),
-          page_(&file_->Device(), {order.width, order.height}),
-          canvas_(page_, {order.width, order.height}) {}
+    PageDrawing(const DrawingOrder& order, const char* /*format*/)
+        : page_(&bytes_.Device(), {order.width, order.height}), canvas_(page_, {order.width, order.height}) {}
 
     Canvas& Surface() override { return canvas_; }
 
-    std::string Write() override {
+    std::string Finish(std::string& content) override {
         if (!canvas_.Finish())
             return "the page can't be drawn";
-        return file_->Commit();
+        content = bytes_.Taken();
+        return {};
     }
 
   private:
-    std::unique_ptr<DrawingFile> file_;
+    Bytes bytes_;
     Page page_;
     VectorCanvas canvas_;
 };
 
 template <class Kind>
-Drawing* Make(std::unique_ptr<DrawingFile> file, const DrawingOrder& order, const char* format) {
-    return new Kind(std::move(file), order, format);
+Drawing* Make(const DrawingOrder& order, const char* format) {
+    return new Kind(order, format);
 }
 
 struct KindRow {
     const char* kind;
-    Drawing* (*make)(std::unique_ptr<DrawingFile> file, const DrawingOrder& order, const char* format);
+    Drawing* (*make)(const DrawingOrder& order, const char* format);
 };
 
 constexpr KindRow kKinds[] = {
@@ -145,10 +138,5 @@ extern "C" halvern::Drawing* HalvernBeginDrawing(const halvern::DrawingOrder& or
         return nullptr;
     }
     StartGraphics();
-    auto file = std::make_unique<DrawingFile>(order.path);
-    if (!file->Open()) {
-        reason = file->Error();
-        return nullptr;
-    }
-    return row->make(std::move(file), order, row->kind);
+    return row->make(order, row->kind);
 }

@@ -7,7 +7,7 @@
 
 namespace halvern {
 
-/// A picture in the making that goes into a file.
+/// A picture in the making, which becomes the content of a file.
 ///
 /// What makes pictures is a part of its own, which a program without windows loads at the first of them. This header is
 /// all that such a program knows of it.
@@ -17,16 +17,16 @@ class Drawing {
 
     virtual Canvas& Surface() = 0;
 
-    /// Writes the file. Without it a file of that name stays as it was.
+    /// Ends the drawing, once.
     ///
-    /// Result    why it can't be written; empty if it has been
-    virtual std::string Write() = 0;
+    /// Given     content   takes the bytes of the file
+    /// Result    why they can't be made; empty if they have been
+    virtual std::string Finish(std::string& content) = 0;
 };
 
-/// What to draw, and where it goes.
+/// What to draw.
 struct DrawingOrder {
     std::string_view kind;  ///< "png", "bmp", "svg" or "pdf"
-    std::string path;       ///< UTF-8, from the current directory
     int width = 0;          ///< pixels
     int height = 0;
 };

@@ -6,18 +6,19 @@ namespace halvern {
 
 namespace {
 
-bool BreaksOrTurnsTheLine(QChar c) {
+bool DoesHarm(QChar c) {
     const char16_t code = c.unicode();
     const bool separatesLinesOrTurnsText = code >= 0x2028 && code <= 0x202E;
     const bool isolatesDirection = code >= 0x2066 && code <= 0x2069;
-    return c.category() == QChar::Other_Control || separatesLinesOrTurnsText || isolatesDirection;
+    const bool isNoCharacter = code >= 0xFFFE;
+    return c.category() == QChar::Other_Control || separatesLinesOrTurnsText || isolatesDirection || isNoCharacter;
 }
 
 QString Decoded(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
 QString Harmless(QString line) {
     for (QChar& c : line)
-        if (BreaksOrTurnsTheLine(c))
+        if (DoesHarm(c))
             c = QChar::ReplacementCharacter;
     return line;
 }
@@ -34,6 +35,8 @@ QString ShownLines(std::string_view text) {
         line = Harmless(line);
     return lines.join(QLatin1Char('\n'));
 }
+
+QString ShownName(std::string_view text) { return ShownLine(text).replace(QLatin1Char('&'), QLatin1String("&&")); }
 
 QString ShownTitle(std::string_view text) {
     return ShownLine(text).replace(QLatin1String("[*]"), QLatin1String("[*][*]"));

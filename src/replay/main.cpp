@@ -5,6 +5,9 @@
 #include "replay/player.h"
 #include "replay/script.h"
 #include "shell/version.h"
+#include "store/file_calls.h"
+#include "store/standard_streams.h"
+#include "store/terminal_text.h"
 
 namespace {
 
@@ -34,7 +37,12 @@ constexpr const char* kStatuses =
     "  70  a fatal run-time failure of the program\n";
 
 /// The status after a text for the user: whether it could be written.
-int Told() { return std::cout.flush() ? replay::kRanToItsEnd : replay::kLineFailed; }
+int Told() {
+    if (std::cout.flush())
+        return replay::kRanToItsEnd;
+    std::cerr << "halvern-replay: the output can't be written\n";
+    return replay::kLineFailed;
+}
 
 int Help() {
     std::cout << kUsage << kAbout;
@@ -53,7 +61,7 @@ int RunScript(const std::string& path) {
     try {
         text = replay::ReadScript(path);
     } catch (const replay::ScriptUnreadable& error) {
-        std::cerr << path << ": " << error.what() << '\n';
+        std::cerr << OnTerminal(path + ": " + error.what()) << '\n';
         return replay::kNoScript;
     }
     return replay::Player(replay::Script(text), path, std::cout, std::cerr).Play();
@@ -62,6 +70,8 @@ int RunScript(const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    HoldStandardStreams();
+    TakeSignalsOfWritingAsErrors();
     if (argc != 2)
         return BadUsage();
     const std::string argument = argv[1];

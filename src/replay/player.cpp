@@ -5,8 +5,10 @@
 #include <utility>
 
 #include "replay/events.h"
+#include "shell/failure_report.h"
 #include "shell/start.h"
 #include "store/failure.h"
+#include "store/terminal_text.h"
 
 namespace halvern::replay {
 
@@ -20,10 +22,10 @@ int Player::Play() {
         Complain(error.what());
         return kLineFailed;
     } catch (const RuntimeFailure& failure) {
-        Complain("Run-time error '" + std::to_string(failure.Number()) + "': " + failure.what());
+        Report(failure);
         return kProgramFailed;
     } catch (const std::exception& defect) {
-        Complain(std::string("internal error: ") + defect.what());
+        Report(defect);
         return kProgramFailed;
     }
     return kRanToItsEnd;
@@ -55,7 +57,9 @@ void Player::CarryOutNextLine() {
     const ScriptLine& line = script_.Next();
     if (!line.error.empty())
         throw ScriptError(line.error);
+    running_.push_back(line.text);
     CarryOut(desktop_, line.words);
+    running_.pop_back();
     CheckOutput();
 }
 
@@ -64,9 +68,16 @@ void Player::CheckOutput() {
         throw ScriptError("the output can't be written");
 }
 
+void Player::Report(const std::exception& failure) {
+    out_.flush();
+    err_ << OnTerminal(Place()) << FailureReport(failure, running_, "halvern-replay") << std::flush;
+}
+
+std::string Player::Place() const { return name_ + ':' + std::to_string(script_.LineNumber()) + ": "; }
+
 void Player::Complain(const std::string& reason) {
     out_.flush();
-    err_ << name_ << ':' << std::to_string(script_.LineNumber()) << ": " << reason << '\n' << std::flush;
+    err_ << OnTerminal(Place() + reason) << '\n' << std::flush;
 }
 
 }  // namespace halvern::replay

@@ -15,6 +15,8 @@
 #include "replay/script.h"
 #include "store/analysis_store.h"
 #include "store/failure.h"
+#include "store/file_calls.h"
+#include "store/system_failure.h"
 
 namespace halvern::replay {
 
@@ -57,10 +59,12 @@ BeginDrawing& Renderer() {
     return *reinterpret_cast<BeginDrawing*>(found);
 }
 
-/// Draws the plot window, in its size, into a file of a kind. Result: why that can't be done; empty if it has been.
-std::string DrawPlot(ReplayDesktop& desktop, std::string_view kind, const std::string& path) {
+/// Draws the plot window, in its size, as a file of a kind.
+///
+/// Result    why that can't be done; empty if `content` holds the file
+std::string DrawPlot(ReplayDesktop& desktop, std::string_view kind, std::string& content) {
     PlotWindow& plot = PlotitForm();
-    const DrawingOrder order{kind, path, PixelsOf(plot.Where().width), PixelsOf(plot.Where().height)};
+    const DrawingOrder order{kind, PixelsOf(plot.Where().width), PixelsOf(plot.Where().height)};
     std::string reason;
     const std::unique_ptr<Drawing> drawing(Renderer()(order, reason));
     if (drawing == nullptr)
@@ -68,7 +72,7 @@ std::string DrawPlot(ReplayDesktop& desktop, std::string_view kind, const std::s
     drawing->Surface().Cls();
     if (Store().PlotReady)
         desktop.DrawOn(plot, drawing->Surface(), [&] { plot.Form_Paint(); });
-    return drawing->Write();
+    return drawing->Finish(content);
 }
 
 }  // namespace
@@ -83,13 +87,21 @@ void RenderPlot(ReplayDesktop& desktop, const std::string& path) {
         throw ScriptError("not a .png, .svg or .pdf file: " + path);
     if (!Store().PlotReady)
         throw ScriptError("there is no plot");
-    if (const std::string reason = DrawPlot(desktop, kind, path); !reason.empty())
+    std::string content;
+    std::string reason = DrawPlot(desktop, kind, content);
+    if (reason.empty())
+        if (const std::error_code error = ReplaceFile(path, content))
+            reason = error.message();
+    if (!reason.empty())
         throw ScriptError(path + " can't be written: " + reason);
 }
 
 void WritePlotBitmap(ReplayDesktop& desktop, const std::string& path) {
-    if (const std::string reason = DrawPlot(desktop, "bmp", path); !reason.empty())
+    std::string content;
+    if (const std::string reason = DrawPlot(desktop, "bmp", content); !reason.empty())
         Fail(FailureCode::kDeviceError, path + ": " + reason);
+    if (const std::error_code error = ReplaceFile(path, content))
+        FailWithErrno(error.value(), path);
 }
 
 }  // namespace halvern::replay

@@ -48,7 +48,7 @@ std::string TakeBare(std::string_view& text) {
 }
 
 ScriptLine TakenApart(std::size_t number, std::string_view text) {
-    ScriptLine line{.number = number, .words = {}, .error = {}};
+    ScriptLine line{.number = number, .text = std::string(text), .words = {}, .error = {}};
     try {
         // A zero byte would cut the name of a file short on its way to the system.
         if (text.find('\0') != std::string_view::npos)
@@ -90,6 +90,9 @@ const ScriptLine& Script::Next() {
     return line;
 }
 
+// Some two million lines. A device has no end, and would take all the memory.
+constexpr std::size_t kLongestScript = 64 << 20;
+
 std::string ReadScript(const std::string& path) {
     const bool isFile = path != "-";
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> opened(isFile ? std::fopen(path.c_str(), "rb") : nullptr,
@@ -100,8 +103,11 @@ std::string ReadScript(const std::string& path) {
 
     std::string text;
     char piece[65536];
-    while (const std::size_t size = std::fread(piece, 1, sizeof piece, file))
+    while (const std::size_t size = std::fread(piece, 1, sizeof piece, file)) {
         text.append(piece, size);
+        if (text.size() > kLongestScript)
+            throw ScriptUnreadable("the script is too long");
+    }
     if (std::ferror(file) != 0)
         throw ScriptUnreadable(std::strerror(errno));
     if (!IsUtf8(text))

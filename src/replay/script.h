@@ -24,6 +24,7 @@ struct ScriptEnd {};
 /// An event of the script, taken apart.
 struct ScriptLine {
     std::size_t number = 0;          ///< counted from 1, blank lines and comments included
+    std::string text;                ///< as it stands in the script, without the blanks before it
     std::vector<std::string> words;  ///< at least one, unless there is an error
     std::string error;  ///< why the line can't be taken apart; empty if it can. The words go as far as that
 };

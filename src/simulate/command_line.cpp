@@ -151,6 +151,14 @@ int Simulate(const std::vector<std::string>& arguments, std::ostream& out, std::
     return kWritten;
 }
 
+/// Passes a status on if what was told could be written.
+int Told(int status, std::ostream& out, std::ostream& err) {
+    if (out.flush())
+        return status;
+    err << kProgram << ": the output can't be written\n";
+    return kNotWritten;
+}
+
 int Help(std::ostream& out) {
     out << kUsage << kAbout;
     PrintKeys(out);
@@ -168,15 +176,15 @@ int Version(std::ostream& out) {
 
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
     if (arguments.size() == 1 && arguments[0] == "--help")
-        return Help(out);
+        return Told(Help(out), out, err);
     if (arguments.size() == 1 && arguments[0] == "--version")
-        return Version(out);
+        return Told(Version(out), out, err);
     if (arguments.empty()) {
         err << kUsage;
         return kBadParameters;
     }
     try {
-        return Simulate(arguments, out, err);
+        return Told(Simulate(arguments, out, err), out, err);
     } catch (const ParameterError& error) {
         err << kProgram << ": " << error.what() << '\n';
         return kBadParameters;

@@ -320,14 +320,32 @@ void ReadParameters(Parameters& parameters, std::string_view text, const std::st
     }
 }
 
+namespace {
+
+/// A file may have no end, a device for example; parameters take a few lines.
+constexpr std::size_t kLongestParameterFile = 1 << 20;
+
+std::string TextOf(std::istream& file, const std::string& path) {
+    std::string text(kLongestParameterFile + 1, '\0');
+    errno = 0;
+    file.read(text.data(), static_cast<std::streamsize>(text.size()));
+    if (file.bad())
+        Complain(path, errno != 0 ? std::strerror(errno) : "it can't be read");
+    text.resize(static_cast<std::size_t>(file.gcount()));
+    if (text.size() > kLongestParameterFile)
+        Complain(path, "it is too long for a parameter file");
+    return text;
+}
+
+}  // namespace
+
 void ReadParameterFile(Parameters& parameters, const std::string& path) {
     if (std::error_code error; std::filesystem::is_directory(path, error))
         Complain(path, "it is a folder");
     std::ifstream file(path, std::ios::binary);
     if (!file)
         Complain(path, std::strerror(errno));
-    const std::string text{std::istreambuf_iterator<char>(file), {}};
-    ReadParameters(parameters, text, path);
+    ReadParameters(parameters, TextOf(file, path), path);
 }
 
 void PrintKeys(std::ostream& out) {

@@ -1,5 +1,8 @@
 #include "simulate/scan_writer.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -8,7 +11,6 @@
 #include <cmath>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <string_view>
 
 namespace halvern::simulate {
@@ -66,13 +68,39 @@ void AppendPoint(std::string& text, const Parameters& p, const Trace& trace, std
     text.append(line).append(kLineEnd);
 }
 
-void WriteFile(const std::filesystem::path& path, const std::string& content) {
-    errno = 0;
-    std::ofstream file(path, std::ios::binary);
-    file.write(content.data(), static_cast<std::streamsize>(content.size()));
-    file.close();
-    if (!file)
-        throw WriteError(path.string() + ": " + (errno != 0 ? std::strerror(errno) : "the file can't be written"));
+[[noreturn]] void FailToWrite(const std::filesystem::path& path, int error) {
+    throw WriteError(path.string() + ": " + std::strerror(error));
+}
+
+/// Result    a value of errno, 0 when all of it has been written
+int WriteAll(int descriptor, std::string_view rest) {
+    while (!rest.empty()) {
+        const ssize_t count = ::write(descriptor, rest.data(), rest.size());
+        if (count > 0)
+            rest.remove_prefix(static_cast<std::size_t>(count));
+        else if (count == 0)
+            return EIO;
+        else if (errno != EINTR)
+            return errno;
+    }
+    return 0;
+}
+
+/// Makes a file under its name only when it is whole: half a scan can be read like a whole one.
+void WriteFile(const std::filesystem::path& path, std::string_view content) {
+    const std::string growing = path.string() + ".part";
+    const int descriptor = ::open(growing.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (descriptor < 0)
+        FailToWrite(path, errno);
+    int error = WriteAll(descriptor, content);
+    if (::close(descriptor) != 0 && error == 0 && errno != EINTR)
+        error = errno;
+    if (error == 0 && ::rename(growing.c_str(), path.c_str()) != 0)
+        error = errno;
+    if (error != 0) {
+        ::unlink(growing.c_str());
+        FailToWrite(path, error);
+    }
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ std::string ScanFileName(const Parameters& parameters, std::size_t number);
 /// Writes the scans and the list file that names them in order, without a folder, CR LF behind each name.
 ///
 /// Given     folder   created if there is none
-/// Fails     WriteError; files written until then stay
+/// Fails     WriteError; files written until then stay, and none is there in part
 void WriteScans(const Parameters& parameters, const std::vector<Scan>& scans, const std::string& folder);
 
 }  // namespace halvern::simulate

@@ -15,7 +15,7 @@ std::int16_t TakeGridOfFirstScan() {
     for (std::int32_t I = 1; I <= N; ++I)
         S.GridRadius(I) = S.ScanData(I, 1, 1);
     const auto count = static_cast<std::size_t>(N);
-    for (std::int32_t K = 1; K <= S.NumFiles && N > 0; ++K) {
+    for (std::int32_t K = 1; K <= S.NumFiles; ++K) {
         const std::span<const float> signals(&S.ScanData(1, 2, K), count);
         const std::span<float> corrected(&S.GridSignal(1, K), count);
         const float offset = S.JitterOffset(K);

@@ -48,8 +48,9 @@ File& OpenedAs(std::int16_t number) {
 // Every scan file of a data set may be left open by its failure, next to the files in use.
 void AllowManyOpenFiles() {
     constexpr rlim_t kNeeded = 1024;
-    rlimit limit{};
-    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0 || limit.rlim_cur >= kNeeded)
+    rlimit limit{RLIM_INFINITY, RLIM_INFINITY};
+    static_cast<void>(::getrlimit(RLIMIT_NOFILE, &limit));
+    if (limit.rlim_cur >= kNeeded)
         return;
     limit.rlim_cur = std::min(kNeeded, limit.rlim_max);
     static_cast<void>(::setrlimit(RLIMIT_NOFILE, &limit));

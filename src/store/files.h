@@ -20,14 +20,15 @@ std::int16_t FreeFile();
 /// Opens a file for reading lines.
 ///
 /// Given     name   path in the file system's bytes, relative to the current directory
-/// Fails     52 with a number out of range, 55 with one in use, 53 when there is no such file, 76 when a part of the
-///           path is no folder, 70 without the permission, 75 for what is no file, 67 when the system has no more open
-///           files to give
+/// Fails     52 with a number out of range or a name that no file can have, 55 with a number in use, 53 when there
+///           is no such file, 76 when a part of the path is no folder, 70 without the permission, 75 for what is no
+///           file, 67 when the system has no more open files to give
 void OpenForInput(std::int16_t number, std::string_view name);
 
-/// Opens a file for writing lines; an old file of that name is emptied.
+/// Opens a file for writing lines; an old file of that name is emptied, and what is no file is written to if it takes
+/// lines.
 ///
-/// Fails     as OpenForInput
+/// Fails     as OpenForInput, 61 with a full disk
 void OpenForOutput(std::int16_t number, std::string_view name);
 
 /// Whether every line has been read. Fails 52 for a number that is not open, 57 when the file cannot be read.

@@ -1,34 +1,34 @@
 #include "store/input_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
+#include <span>
 #include <utility>
 
 #include "store/failure.h"
+#include "store/file_calls.h"
 #include "store/system_failure.h"
 
 namespace halvern {
 
-// Without O_NONBLOCK the opening of a pipe would wait for its writer for ever.
-InputFile::InputFile(std::string name)
-    : descriptor_(::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)), name_(std::move(name)) {
-    if (descriptor_ < 0)
-        FailWithErrno(errno, name_);
+InputFile::InputFile(std::string name) : name_(std::move(name)) {
+    const OpenedFile file = OpenForReading(name_);
+    if (file.error)
+        FailWithErrno(file.error.value(), name_);
+    descriptor_ = file.descriptor;
     struct stat status {};
-    if (::fstat(descriptor_, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor_);
+    static_cast<void>(::fstat(descriptor_, &status));
+    if (!S_ISREG(status.st_mode)) {
+        static_cast<void>(CloseFile(descriptor_));
         Fail(FailureCode::kPathOrFileAccess, name_);
     }
     capacity_ = std::min(static_cast<std::size_t>(status.st_size), kBufferSize - 1) + 1;
     buffer_ = std::make_unique_for_overwrite<char[]>(capacity_);
 }
 
-InputFile::~InputFile() { ::close(descriptor_); }
+InputFile::~InputFile() { static_cast<void>(CloseFile(descriptor_)); }
 
 /// A line of which the buffer does not hold the end.
 std::string_view InputFile::ReadOn() {
@@ -52,14 +52,11 @@ std::string_view InputFile::ReadOn() {
 /// Reads on behind what the buffer still holds. False at the end of the file.
 bool InputFile::Fill() {
     MakeRoom();
-    ssize_t count;
-    do {
-        count = ::read(descriptor_, buffer_.get() + end_, capacity_ - end_);
-    } while (count < 0 && errno == EINTR);
-    if (count < 0)
-        FailWithErrno(errno, name_);
-    end_ += static_cast<std::size_t>(count);
-    return count > 0;
+    const Transfer read = ReadFrom(descriptor_, std::span(buffer_.get() + end_, capacity_ - end_));
+    if (read.error)
+        FailWithErrno(read.error.value(), name_);
+    end_ += read.bytes;
+    return read.bytes > 0;
 }
 
 void InputFile::MakeRoom() {

@@ -51,7 +51,7 @@ class InputFile {
     }
     std::string_view TakeCut();
 
-    int descriptor_;
+    int descriptor_ = -1;
     std::string name_;
     std::size_t capacity_ = 0;
     std::unique_ptr<char[]> buffer_;

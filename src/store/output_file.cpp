@@ -1,12 +1,9 @@
 #include "store/output_file.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <utility>
 
 #include "store/failure.h"
+#include "store/file_calls.h"
 #include "store/system_failure.h"
 
 namespace halvern {
@@ -14,15 +11,13 @@ namespace halvern {
 namespace {
 
 constexpr std::size_t kBufferSize = 1 << 16;
-constexpr mode_t kReadableAndWritable = 0666;
-
 }  // namespace
 
-OutputFile::OutputFile(std::string name)
-    : descriptor_(::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kReadableAndWritable)),
-      name_(std::move(name)) {
-    if (descriptor_ < 0)
-        FailWithErrno(errno, name_);
+OutputFile::OutputFile(std::string name) : name_(std::move(name)) {
+    const OpenedFile file = OpenForWriting(name_);
+    if (file.error)
+        FailWithErrno(file.error.value(), name_);
+    descriptor_ = file.descriptor;
     buffer_.reserve(2 * kBufferSize);
 }
 
@@ -34,7 +29,7 @@ OutputFile::~OutputFile() {
     } catch (const RuntimeFailure&) {
         // The failure that left the file open has been told; there is nobody left to tell of this one.
     }
-    ::close(descriptor_);
+    static_cast<void>(CloseFile(descriptor_));
 }
 
 void OutputFile::WriteLine(std::string_view line) {
@@ -43,26 +38,20 @@ void OutputFile::WriteLine(std::string_view line) {
         Flush();
 }
 
+// What a full disk did not take is given up. Kept for later it would end up in the new file when the user has made room
+// and saved again under the same name.
 void OutputFile::Flush() {
-    std::size_t written = 0;
-    while (written < buffer_.size()) {
-        const ssize_t count = ::write(descriptor_, buffer_.data() + written, buffer_.size() - written);
-        if (count >= 0) {
-            written += static_cast<std::size_t>(count);
-        } else if (errno != EINTR) {
-            const int error = errno;
-            buffer_.erase(0, written);
-            FailWithErrno(error, name_);
-        }
-    }
+    if (!error_)
+        error_ = WriteTo(descriptor_, buffer_).error;
     buffer_.clear();
+    if (error_)
+        FailWithErrno(error_.value(), name_);
 }
 
 void OutputFile::Finish() {
     Flush();
-    const int descriptor = std::exchange(descriptor_, -1);
-    if (::close(descriptor) != 0)
-        FailWithErrno(errno, name_);
+    if (const std::error_code error = CloseFile(std::exchange(descriptor_, -1)))
+        FailWithErrno(error.value(), name_);
 }
 
 }  // namespace halvern

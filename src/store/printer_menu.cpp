@@ -19,7 +19,7 @@ void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, 
         const std::string& DeviceName = printers[I - 1];
         MenuItem& item = items.Load();
         item.SetName(Concat({name, "(", std::to_string(I), ")"}));
-        item.SetCaption(DeviceName);
+        item.ShowName(DeviceName);
         item.Click = [click, I] { click(static_cast<std::int16_t>(I)); };
         bar.InsertAfter(*last, level, item);
         last = &item;

@@ -174,8 +174,11 @@ inline bool ReadPlainExponent(const char* at, const char* end, std::int64_t& exp
     std::uint64_t value = 0;
     const char* const first = at;
     AppendDigits(at, end, value);
-    exponent = negative ? -static_cast<std::int64_t>(value) : static_cast<std::int64_t>(value);
-    return at - first <= kDigitsOfPlainExponent;
+    if (at - first > kDigitsOfPlainExponent)
+        return false;
+    const auto size = static_cast<std::int64_t>(value);
+    exponent = negative ? -size : size;
+    return true;
 }
 
 // The short way: an integer of at most 53 bits and a power of ten that is exact, so that the one multiplication or

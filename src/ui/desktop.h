@@ -107,7 +107,7 @@ class Pictures {
     /// Writes a Windows bitmap of 24 bits a pixel.
     ///
     /// Given     path   in the file system's bytes
-    /// Fails     57 when it can't be written; a file of that name stays as it was
+    /// Fails     with the number of what kept it from being written; a file of that name stays as it was
     virtual void SavePicture(const Bitmap& picture, const std::string& path) = 0;
 
   protected:

@@ -1,6 +1,7 @@
 #include "ui/menu.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace halvern {
 
@@ -9,6 +10,11 @@ void MenuItem::SetTicked(bool ticked) {
         return;
     ticked_ = ticked;
     Changed();
+}
+
+void MenuItem::ShowName(std::string name) {
+    showsName_ = true;
+    SetCaption(std::move(name));
 }
 
 void MenuBar::InsertAfter(const MenuItem& before, int level, MenuItem& item) {

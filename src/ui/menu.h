@@ -19,7 +19,12 @@ class MenuItem : public Control {
     void Tick() { SetTicked(true); }
     void Untick() { SetTicked(false); }
 
-    bool IsSeparator() const { return Caption() == "-"; }
+    bool IsSeparator() const { return !showsName_ && Caption() == "-"; }
+
+    /// Whether the caption is the name of a thing outside of the program, a printer's say: an `&` in it is a letter of the
+    /// name and no access key, and "-" is a name.
+    bool ShowsName() const { return showsName_; }
+    void ShowName(std::string name);
 
     /// A shortcut such as "Ctrl+C"; empty for none.
     const std::string& Shortcut() const { return shortcut_; }
@@ -32,6 +37,7 @@ class MenuItem : public Control {
     void SetTicked(bool ticked);
 
     bool ticked_ = false;
+    bool showsName_ = false;
     std::string shortcut_;
 };
 

@@ -5,6 +5,7 @@
 #include "analysis/g_of_s.h"
 #include "analysis/small_run.h"
 #include "support/failure.h"
+#include "support/layout.h"
 #include "support/test_desktop.h"
 
 namespace halvern {
@@ -110,6 +111,21 @@ TEST_F(DistAvesTest, BlanksThePointsAndFailsWithNoneBetweenTheLimits) {
     EXPECT_FAILURE(11, ShowSAve_Click());
     EXPECT_EQ(Store().GHat(3), 0.0F);
     EXPECT_TRUE(desktop.loaded.empty());
+}
+
+TEST_F(DistAvesTest, HasFiveLinesInEachOfTwoFramesOfOneShape) {
+    const DistAves dialog;
+    EXPECT_EQ(test::NamesOn(dialog), (Lines{"Frame1", "Label1", "Label2", "Label3", "Label4", "Label5", "Frame2",
+                                            "Label6", "Label7", "Label8", "Label9", "Label10", "Command1"}));
+    test::ExpectLaidOut(dialog);
+    const auto& controls = dialog.Controls();
+    for (std::size_t i = 0; i < 6; ++i) {
+        const Place upper = controls[i]->Where(), lower = controls[i + 6]->Where();
+        EXPECT_TRUE(test::IsWithin(upper, controls[0]->Where())) << controls[i]->Name();
+        EXPECT_TRUE(test::IsWithin(lower, controls[6]->Where())) << controls[i + 6]->Name();
+        EXPECT_EQ(lower.top - upper.top, dialog.Frame2.Where().top - dialog.Frame1.Where().top);
+        EXPECT_EQ(lower.width, upper.width);
+    }
 }
 
 }  // namespace

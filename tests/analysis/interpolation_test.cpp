@@ -122,5 +122,27 @@ TEST_F(Interpolation, FailsWithACountOutsideTheCurve) {
     EXPECT_EQ(NOut, 2);
 }
 
+TEST_F(Interpolation, OfACurveBehindTheWholeGridIsFlat) {
+    Give({3000.0F, 4000.0F}, {5.0F, 6.0F});
+    InterpolateToRadialGrid(X, Y, 2, NOut, 1.0F);
+    EXPECT_EQ(NOut, 2000);
+    EXPECT_EQ(X(1), 1.0F);
+    EXPECT_EQ(Y(1), 5.0F);
+    EXPECT_EQ(X(2000), 2000.0F);
+    EXPECT_EQ(Y(2000), 5.0F);
+    // No value of the grid lies behind a point, so that their number is never asked for.
+    Give({3000.0F}, {7.0F});
+    InterpolateToRadialGrid(X, Y, 0, NOut, 1.0F);
+    EXPECT_EQ(NOut, 2000);
+    EXPECT_EQ(Y(2000), 7.0F);
+}
+
+TEST_F(Interpolation, PassesOverPointsThatLieCloserThanTheGrid) {
+    Give({1.0F, 1.25F, 1.5F, 1.75F, 2.25F, 3.0F}, {0.0F, 1.0F, 2.0F, 4.0F, 8.0F, 11.0F});
+    InterpolateToRadialGrid(X, Y, 6, NOut, 1.0F);
+    EXPECT_EQ(Of(X), (Values{1.0F, 2.0F, 3.0F}));
+    EXPECT_EQ(Of(Y), (Values{0.0F, 6.0F, 11.0F})) << "half the way from 4 to 8, and the last point itself";
+}
+
 }  // namespace
 }  // namespace halvern

@@ -1,5 +1,6 @@
 #include "analysis/small_run.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -111,6 +112,9 @@ void PutOnOneGrid(const SmallRun& run, LongHand& w) {
         for (const float distance : on.x)
             w.gridRadius.push_back(run.meniscus + distance);
     }
+    // The grid is that of the last scan. One that ends in front of it has nothing there.
+    for (auto& signal : w.gridSignal)
+        signal.resize(std::max(signal.size(), w.gridRadius.size()));
 }
 
 void ChooseSpacing(const SmallRun& run, LongHand& w) {

@@ -145,6 +145,16 @@ TEST_F(FringeShift, EndsWhereAFringeIsLostInTheRounding) {
     EXPECT_EQ(S.JitterOffset(1), 0.0F);
 }
 
+TEST_F(FringeShift, LeavesAScanThatNoNumberOfFringesBringsToItsSuccessor) {
+    // One value that is no signal, among others that could move by sixteen million fringes.
+    Signals([](std::int32_t I, std::int32_t K) { return K == 3 && I == 28 ? 1E12F : 0.0625F * static_cast<float>(I); });
+    CorrectAt(30);
+    EXPECT_TRUE(S.FringeCorrected);
+    ExpectOffsets({0.0F, 0.0F, 0.0F, 0.0F, 0.0F});
+    EXPECT_EQ(S.GridSignal(29, 3), 0.0625F * 29.0F);
+    EXPECT_EQ(S.GridSignal(29, 2), 0.0625F * 29.0F);
+}
+
 TEST_F(FringeShift, IsRemovedWithTheJitterCorrection) {
     Jumps({2.0F, 0.0F, 0.0F, 0.0F, 0.0F});
     CorrectAt(30);

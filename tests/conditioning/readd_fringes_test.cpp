@@ -66,6 +66,9 @@ TEST_F(ReAddFringesTest, LeavesStepsOfUpToNineTenthsOfAFringe) {
     Scan(1, {0.0F, 0.0F, 0.0F, 0.875F});
     ReAddFringes();
     EXPECT_EQ(Result(1).back(), 0.875F);
+    Scan(1, {0.0F, 0.0F, 0.0F, 0.9F});
+    ReAddFringes();
+    EXPECT_EQ(Result(1).back(), 0.9F) << "the limit itself is no jump";
     // 0.9375 is one.
     Scan(1, {0.0F, 0.0F, 0.0F, 0.9375F});
     ReAddFringes();

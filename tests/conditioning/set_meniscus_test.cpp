@@ -4,6 +4,7 @@
 
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/layout.h"
 #include "support/session.h"
 
 namespace halvern {
@@ -111,6 +112,13 @@ TEST_F(SetMeniscusTest, DoesNotAskAboutATextThatWasNotChanged) {
     });
     EXPECT_TRUE(session.desktop.messages.empty());
     EXPECT_EQ(Store().Meniscus, 5.5F);
+}
+
+TEST_F(SetMeniscusTest, HasItsControlsAndIsCancelledByEscape) {
+    SetMeniscus dialog;
+    EXPECT_EQ(test::NamesOn(dialog), (std::vector<std::string>{"Label1", "Text1", "IsOK", "NotThisTime"}));
+    EXPECT_EQ(dialog.CancelButton(), &dialog.NotThisTime);
+    test::ExpectLaidOut(dialog);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "store/analysis_store.h"
 #include "store/menus.h"
 #include "support/failure.h"
+#include "support/layout.h"
 #include "support/session.h"
 
 namespace halvern {
@@ -133,6 +134,26 @@ TEST_F(SetMultiMenFTest, DisablesDcDtThatWasOffered) {
     Menus().KeldIt.Enable();
     InDialog([](SetMultiMenF& dialog) { dialog.JustDoIt.Click(); });
     EXPECT_FALSE(Menus().KeldIt.IsEnabled());
+}
+
+TEST_F(SetMultiMenFTest, HasTwelveRowsOfALabelAndABoxAndIsCancelledByEscape) {
+    SetMultiMenF dialog;
+    std::vector<std::string> names;
+    for (const char* name : {"Label1(", "Radii("})
+        for (int J = 0; J < 12; ++J)
+            names.push_back(name + std::to_string(J) + ")");
+    for (const char* name : {"Line1", "JustDoIt", "NotNow"})
+        names.emplace_back(name);
+    EXPECT_EQ(test::NamesOn(dialog), names);
+    EXPECT_EQ(dialog.CancelButton(), &dialog.NotNow);
+    test::ExpectLaidOut(dialog);
+    for (std::size_t J = 0; J < 12; ++J) {
+        EXPECT_EQ(dialog.Label1[J].Caption(), "Meniscus - Speed 1");
+        EXPECT_EQ(dialog.Radii[J].Text(), "6.00000");
+        const Place label = dialog.Label1[J].Where(), box = dialog.Radii[J].Where();
+        EXPECT_TRUE(label.top >= box.top && label.top + label.height <= box.top + box.height) << J;
+        EXPECT_EQ(box.top, dialog.Radii[0].Where().top + static_cast<std::int32_t>(J) * 420) << J;
+    }
 }
 
 }  // namespace

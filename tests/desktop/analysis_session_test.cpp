@@ -23,8 +23,8 @@ constexpr int kScansOfSample = 16;
 struct Analysis : test::PlotSession {
     /// The scans of the sample, made as a user has them made. Returns the path of their list.
     std::string MakeSample() const {
-        const auto made =
-            test::RunCommand(HALVERN_SAMPLES "/make " HALVERN_SIMULATE " '" + folder.Path().string() + "' two-species");
+        const auto made = test::RunCommand("'" HALVERN_SAMPLES "/make' '" HALVERN_SIMULATE "' '" +
+                                           folder.Path().string() + "' two-species");
         EXPECT_EQ(made.status, 0) << made.output;
         return (folder.Path() / "two-species" / "middle.LST").string();
     }

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QLocale>
+
+#include <clocale>
 #include <memory>
 
 namespace halvern::test {
@@ -14,6 +17,9 @@ class Application : public ::testing::Environment {
         ASSERT_FALSE(qEnvironmentVariableIsEmpty("DISPLAY")) << "these tests need an X display";
         application_ = std::make_unique<QApplication>(argc_, argv_);
         QApplication::setQuitOnLastWindowClosed(false);
+        // As the program leaves the locale that the toolkit has taken over: the tests print numbers too.
+        std::setlocale(LC_NUMERIC, "C");
+        QLocale::setDefault(QLocale::c());
     }
     void TearDown() override { application_.reset(); }
 

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "shell/version.h"
 #include "store/failure.h"
 #include "ui/desktop.h"
 
@@ -48,8 +49,10 @@ TEST_F(Gate, EndsWithStatusZeroByTheProgramsOwnChoice) {
 
 TEST_F(Gate, TellsARunTimeFailureAndEndsWithStatus70) {
     testing::internal::CaptureStderr();
-    gate.Run([] { Fail(FailureCode::kDivisionByZero); });
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Run-time error '11': Division by zero\n");
+    gate.Run([] { Fail(FailureCode::kDivisionByZero); }, "click KeldIt");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Run-time error '11': Division by zero\n  running: click KeldIt\n  version: halvern " +
+                  RevisionNumbers() + "\n");
     EXPECT_EQ(boxes, std::vector<std::string>{"Run-time error '11':\r\n\r\nDivision by zero"});
     EXPECT_TRUE(gate.HasEnded());
     EXPECT_EQ(gate.Status(), 70);
@@ -57,10 +60,25 @@ TEST_F(Gate, TellsARunTimeFailureAndEndsWithStatus70) {
 
 TEST_F(Gate, TellsAnyOtherFailureLikewise) {
     testing::internal::CaptureStderr();
-    gate.Run([] { throw std::out_of_range("line 7"); });
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "line 7\n");
+    gate.Run([] { throw std::out_of_range("line 7"); }, "type Text1");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "internal error: line 7\n  running: type Text1\n  version: halvern " + RevisionNumbers() + "\n");
     EXPECT_EQ(boxes, std::vector<std::string>{"line 7"});
     EXPECT_EQ(gate.Status(), 70);
+}
+
+TEST_F(Gate, TellsEveryEventThatIsRunningAtAFailureTheOutermostFirst) {
+    testing::internal::CaptureStderr();
+    gate.Run([&] { gate.Run([] {}, "type Text1"); }, "click CancelButton");
+    gate.Run([&] { gate.Run([] { Fail(FailureCode::kPrinterError, "the \x1B[2Jprinter"); }, "click IsOK"); },
+             "click Set_MenManually");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Run-time error '482': Printer error\n"
+              "  with: the \\x1b[2Jprinter\n"
+              "  running: click Set_MenManually\n"
+              "  running: click IsOK\n"
+              "  version: halvern " +
+                  RevisionNumbers() + "\n");
 }
 
 TEST_F(Gate, LetsNothingInBehindTheBoxOfAFailure) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <QAction>
 #include <QComboBox>
 #include <QDir>
 #include <QFileSystemModel>
@@ -10,10 +11,15 @@
 #include <QListView>
 #include <QPushButton>
 #include <QSettings>
+#include <QStyledItemDelegate>
 #include <QTest>
+
+#include <filesystem>
+#include <string_view>
 
 #include "desktop/application.h"
 #include "desktop/message_box.h"
+#include "render/shown_text.h"
 #include "support/data_files.h"
 
 namespace halvern {
@@ -245,6 +251,105 @@ TEST_F(Dialog, RefusesAFolderThatIsMissingWhereThePathMustExist) {
     EXPECT_EQ(Choose(strict, FileDialogKind::kNewFile, {"nowhere/new.dat"}), std::nullopt);
     EXPECT_TRUE(told.text.contains("Path does not exist."));
     EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {"nowhere/new.dat"}), PathOf("nowhere/new.dat"));
+}
+
+// Names can hold any character but a slash.
+constexpr const char* kStrangeNames[] = {"<b>x<b>.LST", "A&B && C.LST",    "%1 %2.LST",      "say \"a\".LST",
+                                         "\"all\".LST", "a\tb\r\nc.LST",   "\x1B[31m\a.LST", "gpj.\xE2\x80\xAE.LST",
+                                         " blank.LST",  "back\\slash.LST", "a;b|c #?.LST",   "$HOME `ls` *.LST"};
+
+/// The row of a file, when the dialog's model has read the folder.
+QModelIndex RowOf(const QListView& list, const QString& name) {
+    QModelIndex found;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row)
+            if (const auto index = list.model()->index(row, 0, list.rootIndex()); index.data() == name)
+                found = index;
+        return found.isValid();
+    })) << name.toStdString();
+    return found;
+}
+
+QString Shown(const QListView& list, const QModelIndex& index) {
+    return dynamic_cast<QStyledItemDelegate&>(*list.itemDelegate()).displayText(index.data(), QLocale());
+}
+
+TEST_F(Dialog, ShowsEveryNameOnItsLineAndTakesTheFileThatIsClicked) {
+    for (const char* name : kStrangeNames)
+        folder.Write(name, "");
+    for (const char* name : kStrangeNames) {
+        const QString wanted = QString::fromUtf8(name);
+        test::AtNext<FileDialogWindow> user([&](FileDialogWindow& dialog) {
+            auto& list = *dialog.findChild<QListView*>("listView");
+            const QModelIndex clicked = RowOf(list, wanted);
+            EXPECT_EQ(Shown(list, clicked), ShownLine(name));
+            list.scrollTo(clicked);
+            QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualRect(clicked).center());
+            dialog.accept();
+            if (dialog.isVisible())
+                dialog.reject();
+        });
+        EXPECT_EQ(FileDialogWindow(nullptr, kListFile, FileDialogKind::kExistingFile).Ask(), PathOf(name)) << name;
+    }
+}
+
+TEST_F(Dialog, TakesTheNameAsItIsTyped) {
+    for (const char* name : kStrangeNames) {
+        if (std::string_view(name).starts_with('"'))
+            continue;
+        EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {QString::fromUtf8(name)}), PathOf(name)) << name;
+        folder.Write(name, "");
+        EXPECT_EQ(Choose(kListFile, FileDialogKind::kExistingFile, {QString::fromUtf8(name)}), PathOf(name)) << name;
+    }
+}
+
+TEST_F(Dialog, TakesAQuoteForALetterUnlessAPairStandsAroundTheWhole) {
+    EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {"a\"b"}), PathOf("a\"b.dat"));
+    EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {"inner/\"a\" and \"b\""}),
+              PathOf("inner/\"a\" and \"b\".dat"));
+    EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {"\"in quotes.txt\""}), PathOf("in quotes.txt"));
+    const Questioned told(Qt::Key_Return);
+    EXPECT_EQ(Choose(kListFile, FileDialogKind::kExistingFile, {"\"first.LST\" \"second.lst\""}), std::nullopt);
+    EXPECT_TRUE(told.text.contains("File not found.")) << "two names are one that there is not";
+}
+
+TEST_F(Dialog, TakesNoNameThatTheSystemWouldCutShort) {
+    const QString name = QStringLiteral("scan.RA1") + QChar(QChar::Null) + QStringLiteral(".dat");
+    const Questioned told(Qt::Key_Return);
+    EXPECT_EQ(Choose(kNewFile, FileDialogKind::kNewFile, {name}), std::nullopt);
+    EXPECT_TRUE(told.text.endsWith("This is no file that can be written.")) << told.text.toStdString();
+}
+
+// To the toolkit a name is a text, and it has no way back from what it shows of other bytes.
+TEST_F(Dialog, FindsNoFileWhoseNameIsNoText) {
+    folder.Write("caf\xE9.LST", "");
+    const Questioned told(Qt::Key_Return);
+    EXPECT_EQ(Choose(kListFile, FileDialogKind::kExistingFile, {QStringLiteral(u"caf\uFFFD.LST")}), std::nullopt);
+    EXPECT_TRUE(told.text.contains(QStringLiteral(u"caf\uFFFD.LST\nFile not found.")));
+}
+
+TEST_F(Dialog, ShowsPlainTextInTheBoxesOfTheToolkitToo) {
+    folder.Write("<b>x<b>.dat", "");
+    Qt::TextFormat format = Qt::AutoText;
+    QString text;
+    test::AtNext<FileDialogWindow> user([&](FileDialogWindow& dialog) {
+        auto& list = *dialog.findChild<QListView*>("listView");
+        list.setCurrentIndex(RowOf(list, "<b>x<b>.dat"));
+        test::AtNext<QMessageBox> box([&](QMessageBox& asked) {
+            format = asked.textFormat();
+            text = asked.text();
+            asked.button(QMessageBox::No)->click();
+        });
+        auto& erase = *dialog.findChild<QAction*>("qt_delete_action");
+        erase.setEnabled(true);  // as the menu that it stands in does when it opens
+        erase.trigger();
+        EXPECT_TRUE(box.Happened());
+        dialog.reject();
+    });
+    FileDialogWindow(nullptr, kNewFile, FileDialogKind::kNewFile).Ask();
+    EXPECT_TRUE(text.contains("<b>x<b>.dat")) << text.toStdString();
+    EXPECT_EQ(format, Qt::PlainText);
+    EXPECT_TRUE(std::filesystem::exists(PathOf("<b>x<b>.dat")));
 }
 
 }  // namespace

@@ -123,15 +123,17 @@ TEST_F(MenuInAWindow, LeavesTheTickToTheHandler) {
 TEST_F(MenuInAWindow, TakesInItemsThatComeLater) {
     const QAction* const copy = &Action(items.Copy);
     MenuItem& first = items.Printers.Load();
-    first.SetCaption("Laser & Ink <2>");
+    first.ShowName("Laser&Ink <2>");
     bar.InsertAfter(items.Array0, 2, first);
     MenuItem& second = items.Printers.Load();
-    second.SetCaption("Second");
+    second.ShowName("-");
     second.Tick();
     bar.InsertAfter(first, 2, second);
     EXPECT_EQ(In(items.Print), (std::vector<const QAction*>{&Action(items.Array0), &Action(first), &Action(second),
                                                             &Action(items.Line), copy}));
-    EXPECT_EQ(Action(first).text(), "Laser & Ink <2>");
+    EXPECT_EQ(Action(first).text(), "Laser&&Ink <2>") << "to the toolkit that is one & and no access key";
+    EXPECT_FALSE(Action(second).isSeparator());
+    EXPECT_EQ(Action(second).text(), "-");
     EXPECT_TRUE(Action(second).isChecked());
     EXPECT_EQ(widget.actions().size(), 3);
     first.Tick();

@@ -140,7 +140,7 @@ TEST_F(Printing, PutsTheWholeReportOnPages) {
 TEST_F(Printing, PutsTheSelectedLinesOnAPage) {
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
-        GiveReport(user, {"first", "  second", "third", "    fourth"});
+        GiveReport(user, {"first", "  second", "third", "    <b>A&&B</b> %1 &amp; [*]"});
         // With nothing selected the document has one page, and that is empty.
         ChooseItems(user, 'r', {&Menus().PrnSelect});
         const auto empty = service.AwaitDocument();
@@ -152,7 +152,7 @@ TEST_F(Printing, PutsTheSelectedLinesOnAPage) {
         ClickWith(user, "ctrl", 1, PlaceOfLine(user, 3));
         user.Await("two lines", [] { return OutFileBox().IsSelected(5) && OutFileBox().IsSelected(3); });
         ChooseItems(user, 'r', {&Menus().PrnSelect});
-        EXPECT_EQ(TextOf(test::PagesOf(service.AwaitDocument())), (Lines{"  second", "    fourth"}));
+        EXPECT_EQ(TextOf(test::PagesOf(service.AwaitDocument())), (Lines{"  second", "    <b>A&&B</b> %1 &amp; [*]"}));
         Exit(user);
     });
     EXPECT_EQ(status, 0);

@@ -89,6 +89,28 @@ TEST_F(OtherProcess, WritesNoSettings) {
     EXPECT_FALSE(std::filesystem::exists("home/.config/QtProject.conf"));
 }
 
+TEST_F(OtherProcess, NeedsNoHomeNoFolderNoLanguageAndNoStreams) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // In /proc nobody can make a file, not even root.
+    for (const char* name : {"HOME", "TMPDIR", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME"})
+        environment.insert(name, "/proc/none");
+    environment.insert("LC_ALL", "xx_XX.UTF-8");
+    environment.insert("TZ", "Nowhere/AtAll");
+    std::filesystem::create_directories("gone");
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory("gone");
+    process.start("bash", {"-c", "rmdir \"$PWD\" && exec \"$0\" <&- >&- 2>&-", HALVERN_EXECUTABLE});
+    ASSERT_TRUE(process.waitForStarted());
+    TurnTo("Halvern V0.99");
+    EXPECT_FALSE(std::filesystem::exists("gone"));
+    Press("alt+f");
+    Press("g");
+    TurnTo("Get List File");
+    Press("Escape");
+    TurnTo("Halvern V0.99");
+    End();
+}
+
 TEST_F(OtherProcess, SaysSoWithoutADisplay) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove("DISPLAY");

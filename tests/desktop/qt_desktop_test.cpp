@@ -12,6 +12,7 @@
 #include "desktop/application.h"
 #include "desktop/message_box.h"
 #include "desktop/pixels.h"
+#include "shell/version.h"
 #include "store/failure.h"
 #include "ui/list_box.h"
 
@@ -128,7 +129,9 @@ TEST_F(TheQtDesktop, ShowsARunTimeFailureInABoxAndEndsWithStatus70) {
         first.Command1.Click = [] { Fail(FailureCode::kDivisionByZero); };
         QTimer::singleShot(0, [&] { Press(first, first.Command1); });
     });
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Run-time error '11': Division by zero\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Run-time error '11': Division by zero\n  running: click Command1\n  version: halvern " +
+                  RevisionNumbers() + "\n");
     EXPECT_EQ(box.text, "Run-time error '11':\n\nDivision by zero");
     EXPECT_EQ(box.title, "Halvern");
     EXPECT_EQ(box.icon, QMessageBox::Critical);
@@ -147,7 +150,8 @@ TEST_F(TheQtDesktop, TakesNoEventBehindTheBoxOfAFailure) {
         first.Show();
         throw std::logic_error("a slip of ours");
     });
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "a slip of ours\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "internal error: a slip of ours\n  running: start\n  version: halvern " + RevisionNumbers() + "\n");
     EXPECT_EQ(box.text, "a slip of ours");
     EXPECT_EQ(first.resizes, 0);
     EXPECT_TRUE(first.IsLoaded());

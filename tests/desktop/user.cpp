@@ -74,7 +74,8 @@ void ActivateWindow(const std::string& window) {
 }
 
 std::string User::Do(const std::string& arguments) {
-    const auto [output, status] = RunCommand("xdotool " + arguments);
+    // In a language without umlauts it could not type them.
+    const auto [output, status] = RunCommand("env LC_ALL=C.UTF-8 xdotool " + arguments);
     if (status != 0)
         throw std::runtime_error("xdotool " + arguments + ": " + output);
     return output;

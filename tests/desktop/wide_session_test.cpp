@@ -14,6 +14,7 @@
 
 #include "desktop/plot_session.h"
 #include "plot/plot_window.h"
+#include "shell/version.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
 
@@ -281,7 +282,9 @@ TEST_F(Wide, DistributionOfTwoScansOfOneTimeEndsTheProgram) {
         user.Press("Return");
     });
     EXPECT_EQ(status, 70);
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Run-time error '11': Division by zero\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Run-time error '11': Division by zero\n  running: click DoWideStraight\n  version: halvern " +
+                  RevisionNumbers() + "\n");
 }
 
 }  // namespace

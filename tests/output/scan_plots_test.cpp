@@ -136,6 +136,16 @@ TEST_F(ScanPlots, HideThePlotWhenTheDialogIsCancelled) {
     EXPECT_TRUE(S.PickMeniscus);
 }
 
+TEST_F(ScanPlots, OfAnyKindCanBeCancelled) {
+    for (const auto command : {PlotRaw_Click, PlotCorrected_Click, PlotInterp_Click}) {
+        plot.Show();
+        AnswerCancel();
+        command();
+        EXPECT_FALSE(plot.IsShown());
+        EXPECT_EQ(S.PlotCount, 0);
+    }
+}
+
 TEST_F(ScanPlots, GoByTheLastAnswerWhenTheDialogIsClosedByItsFrame) {
     S.PickMeniscus = true;
     plot.Show();

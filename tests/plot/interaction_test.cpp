@@ -67,6 +67,23 @@ TEST_F(Interaction, ReadsThePositionOutWithADigitMoreInX) {
     EXPECT_EQ(plot.XYLabel.Caption(), " X= -1.2000E+01, Y= -1.200E+00");
 }
 
+TEST_F(Interaction, DoesNothingWhileNoPlotIsReady) {
+    const auto before = View();
+    plot.Form_MouseMove(0, kNoModifier, 50.0F, 25.0F);
+    S.PlotReady = false;
+    plot.Form_MouseMove(0, kNoModifier, 10.0F, 10.0F);
+    EXPECT_EQ(plot.XYLabel.Caption(), " X= 6.0000E+01, Y= 3.000E+00");
+    Drag(20.0F, 20.0F, 60.0F, 60.0F);
+    EXPECT_EQ(View(), before);
+    EXPECT_FALSE(plot.Menu.Zoomout.IsEnabled());
+}
+
+TEST_F(Interaction, TakesNoPositionThatNobodyAskedFor) {
+    S.Meniscus = 6.0F;
+    Click(kLeftButton, kCtrl, 25.0F, 25.0F);
+    EXPECT_EQ(S.Meniscus, 6.0F);
+}
+
 TEST_F(Interaction, ReadsNothingOutWhileTheReadOutIsHidden) {
     plot.Form_MouseMove(0, kNoModifier, 50.0F, 25.0F);
     plot.Menu.ShowEm.Click();

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 
+#include <clocale>
 #include <memory>
 
 namespace halvern::test {
@@ -10,7 +11,11 @@ namespace {
 // Fonts need an application, and pictures no display. It is made when tests run, not when they are listed.
 class Application : public ::testing::Environment {
   public:
-    void SetUp() override { application_ = std::make_unique<QGuiApplication>(argc_, argv_); }
+    void SetUp() override {
+        application_ = std::make_unique<QGuiApplication>(argc_, argv_);
+        // The toolkit has taken over the user's locale, and the tests print numbers.
+        std::setlocale(LC_NUMERIC, "C");
+    }
     void TearDown() override { application_.reset(); }
 
   private:

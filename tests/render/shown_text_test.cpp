@@ -40,6 +40,17 @@ TEST(ShownText, BreaksLinesOfMessages) {
     EXPECT_EQ(ShownLines("bell\a\r\nnext"), "bell" + kReplaced + "\nnext");
 }
 
+TEST(ShownText, ReplacesWhatNoPageOfXmlMayHold) {
+    EXPECT_EQ(ShownLine("a\xEF\xBF\xBE"
+                        "b\xEF\xBF\xBF"),
+              "a" + kReplaced + "b" + kReplaced);
+}
+
+TEST(ShownText, KeepsTheMarkOfAnAccessKeyOutOfNames) {
+    EXPECT_EQ(ShownName("A&B && C\n"), "A&&B &&&& C" + kReplaced);
+    EXPECT_EQ(ShownLine("A&B"), "A&B") << "where the text is a caption of the program, the key is meant";
+}
+
 TEST(ShownText, KeepsTheMarkOfAModifiedDocumentOutOfTitles) { EXPECT_EQ(ShownTitle("g[*] s"), "g[*][*] s"); }
 
 }  // namespace

@@ -4,10 +4,14 @@
 #include <QImage>
 #include <QRegularExpression>
 #include <QSvgGenerator>
+#include <QXmlStreamReader>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string_view>
+
+#include "render/shown_text.h"
 
 namespace halvern {
 namespace {
@@ -71,6 +75,30 @@ TEST_F(VectorCanvasTest, DrawsInTheOrderOfTheOperations) {
     canvas->FilledBox(10.0F, 10.0F, 20.0F, 20.0F, 0x0000FF);
     const QString text = Text();
     EXPECT_LT(text.indexOf("#00ff00"), text.indexOf("#0000ff"));
+}
+
+TEST_F(VectorCanvasTest, IsWellFormedWhateverTheTextsHold) {
+    const std::string_view texts[] = {"</text></svg><!--",
+                                      "]]> & &amp; \"'",
+                                      "\x1B[2J\a\t\r\n\x01",
+                                      "caf\xE9 \xFF",
+                                      "\xEF\xBF\xBE \xEF\xBF\xBF",
+                                      "gpj.\xE2\x80\xAE"
+                                      "exe",
+                                      std::string_view("a\0b", 3)};
+    QString wanted, found;
+    for (const std::string_view text : texts) {
+        canvas->MoveTo(0.0F, 0.0F);
+        canvas->Print(text);
+        wanted += ShownLine(text);
+    }
+    // A text whose letters are not all in one font is drawn in pieces.
+    QXmlStreamReader reader(Text());
+    while (!reader.atEnd())
+        if (reader.readNext() == QXmlStreamReader::StartElement && reader.name() == QLatin1String("text"))
+            found += reader.readElementText();
+    EXPECT_FALSE(reader.hasError()) << reader.errorString().toStdString();
+    EXPECT_EQ(found.toStdString(), wanted.toStdString());
 }
 
 TEST_F(VectorCanvasTest, KeepsTextsAsTexts) {

@@ -48,6 +48,24 @@ expect 2 '' 'folder: Is a directory' folder
 expect 2 '' 'latin.script: the script is not UTF-8' latin.script
 expect 2 '' '-: the script is not UTF-8' - <latin.script
 
+# Names can hold what commands a terminal: on standard error its bytes are told.
+escape=$(printf '\033')
+cp bad.script "${escape}[2J.script"
+printf 'click "%s[31m"\n' "$escape" >colour.script
+expect 1 'clipboard: empty' '\\x1b\[2J.script:2: KeldIt is disabled' "${escape}[2J.script"
+expect 1 '' 'colour.script:1: no such control: \\x1b\[31m' colour.script
+expect 2 '' '\\x1b\[0m: No such file or directory' "${escape}[0m"
+
+# A stream that is closed is not the place for the next file.
+if "$replay" - <&- 2>stderr || [ "$(<stderr)" != "-: Bad file descriptor" ]; then
+    echo "no standard input: $(<stderr)"
+    failures=$((failures + 1))
+fi
+if "$replay" report.script >&- 2>stderr || [ "$(<stderr)" != "report.script:1: the output can't be written" ]; then
+    echo "no standard output: $(<stderr)"
+    failures=$((failures + 1))
+fi
+
 # Two at once do not hold each other up.
 "$replay" report.script >first & "$replay" report.script >second
 wait $!

@@ -5,6 +5,7 @@
 #include "plot/plot_window.h"
 #include "replay/player.h"
 #include "shell/main_window.h"
+#include "shell/version.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
 #include "support/data_files.h"
@@ -260,7 +261,9 @@ TEST_F(Analysis, EndsWithStatus70AfterADivisionByZero) {
     EXPECT_EQ(
         Play("answer yes\nanswer yes\nanswer yes\nclick Set_MenManually\ntype Text1 5.9\nclick IsOK\nclick KeldIt\n"),
         kProgramFailed);
-    EXPECT_EQ(err.str(), "s:9: Run-time error '11': Division by zero\n");
+    EXPECT_EQ(err.str(),
+              "s:9: Run-time error '11': Division by zero\n  running: click KeldIt\n  version: halvern-replay " +
+                  RevisionNumbers() + "\n");
 }
 
 TEST_F(Analysis, EndsWithStatus70InAWideDistributionOfOneTime) {
@@ -268,7 +271,10 @@ TEST_F(Analysis, EndsWithStatus70InAWideDistributionOfOneTime) {
     EXPECT_EQ(Play("answer yes\nanswer yes\nanswer yes\nclick Set_MenManually\ntype Text1 5.9\nclick IsOK\n"
                    "click DoWideStraight\nprint report\n"),
               kProgramFailed);
-    EXPECT_EQ(err.str(), "s:9: Run-time error '11': Division by zero\n");
+    EXPECT_EQ(
+        err.str(),
+        "s:9: Run-time error '11': Division by zero\n  running: click DoWideStraight\n  version: halvern-replay " +
+            RevisionNumbers() + "\n");
     EXPECT_EQ(out.str().find("report:"), std::string::npos) << "nothing comes behind it";
     EXPECT_FALSE(PlotitForm().IsShown() || Menus().PlotWideD.IsEnabled() || Menus().WDOut.IsEnabled());
 }

@@ -8,6 +8,7 @@
 
 #include "plot/plot_window.h"
 #include "shell/main_window.h"
+#include "shell/version.h"
 #include "store/analysis_store.h"
 #include "store/failure.h"
 #include "store/files.h"
@@ -87,7 +88,11 @@ TEST_F(Replay, FailsWithTheProgram) {
     Menus().MakeListNow.Click = [] { Fail(FailureCode::kDivisionByZero); };
     EXPECT_EQ(Play("print clipboard\n\nclick MakeListNow\nprint clipboard\n"), kProgramFailed);
     EXPECT_EQ(out.str(), "clipboard: empty\n");
-    EXPECT_EQ(err.str(), "test.script:3: Run-time error '11': Division by zero\n");
+    EXPECT_EQ(err.str(),
+              "test.script:3: Run-time error '11': Division by zero\n"
+              "  running: click MakeListNow\n"
+              "  version: halvern-replay " +
+                  RevisionNumbers() + "\n");
 }
 
 TEST_F(Replay, TellsTheLastLineReadWhenTheProgramFails) {
@@ -96,7 +101,11 @@ TEST_F(Replay, TellsTheLastLineReadWhenTheProgramFails) {
         Fail(FailureCode::kOverflow);
     };
     EXPECT_EQ(Play("click MakeListNow\ncancel\n"), kProgramFailed);
-    EXPECT_EQ(err.str(), "test.script:2: Run-time error '6': Overflow\n");
+    EXPECT_EQ(err.str(),
+              "test.script:2: Run-time error '6': Overflow\n"
+              "  running: click MakeListNow\n"
+              "  version: halvern-replay " +
+                  RevisionNumbers() + "\n");
 }
 
 TEST_F(Replay, EndsWithTheProgram) {

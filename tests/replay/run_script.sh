@@ -11,13 +11,15 @@ mkdir "$folder/work" "$folder/got" "$folder/wanted"
 cd "$folder/work" || exit 1
 "$make_data" || exit 1
 
+# The folder's name as sed takes it, in a pattern and as what comes in its place.
+dir=$(sed 's/[][\.*^$|&]/\\&/g' <<<"$folder/work")
 name=$(basename "$script")
-sed "s|@DIR@|$folder/work|g" "$script" >"$name"
+sed "s|@DIR@|$dir|g" "$script" >"$name"
 env -u HOME -u DISPLAY -u WAYLAND_DISPLAY -u XDG_RUNTIME_DIR "$replay" "$name" >../got/stdout 2>../got/stderr
 echo $? >../got/status
 
 cd "$folder" || exit 1
-sed -i "s|$folder/work|@DIR@|g" got/stdout got/stderr
+sed -i "s|$dir|@DIR@|g" got/stdout got/stderr
 echo 0 >wanted/status
 : >wanted/stderr
 for stream in stdout stderr status; do

@@ -116,7 +116,7 @@ TEST(WriteScans, SaysWhatItCannotWrite) {
     folder.Write("file", "");
     std::filesystem::create_directories("run/00001.RA1");
     std::filesystem::create_directory("full");
-    std::filesystem::create_symlink("/dev/full", "full/00001.RA1");
+    std::filesystem::create_symlink("/dev/full", "full/00001.RA1.part");
     EXPECT_EQ(WriteComplaint({}, "file"), "file: Not a directory");
     EXPECT_EQ(WriteComplaint({}, "file/run"), "file/run: Not a directory");
     EXPECT_EQ(WriteComplaint({}, "run"), "run/00001.RA1: Is a directory");

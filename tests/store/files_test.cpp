@@ -192,5 +192,19 @@ TEST_F(Files, TheCurrentFolderEndsInOneSlash) {
     EXPECT_EQ(CurrentFolder(), "/");
 }
 
+TEST_F(Files, AFolderThatCannotBeEnteredFailsWithItsReason) {
+    folder.Write("file", "");
+    EXPECT_FAILURE(76, ChangeFolder((folder.Path() / "missing").string()));
+    EXPECT_FAILURE(76, ChangeFolder((folder.Path() / "file").string()));
+    EXPECT_EQ(CurrentFolder(), folder.Path().string() + "/");
+}
+
+TEST_F(Files, OnlyAFileThatIsThereCanBeRemoved) {
+    folder.Write("file", "");
+    RemoveFile("file");
+    EXPECT_FALSE(FileExists("file"));
+    EXPECT_FAILURE(53, RemoveFile("file"));
+}
+
 }  // namespace
 }  // namespace halvern

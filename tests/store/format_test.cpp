@@ -300,7 +300,22 @@ TEST(Pattern, RefusesWhatHasNoMeaning) {
     refused("0.0E+00 0");
     refused("0E+00E+00");
     refused(std::string(Pattern::kMaxLength + 1, '0'));
+    refused("0E+00E-0");
     refused("0-0-0-0-0-0-0-0-0-0-0-0-0-0-0-0");
+}
+
+TEST(Pattern, HasAnExponentOnlyWhereASignAndAZeroFollowTheE) {
+    const auto shown = [](double value, std::string_view pattern) {
+        return std::string(Format(value, Pattern{pattern}));
+    };
+    EXPECT_EQ(shown(2.0, "0E"), "2E");
+    EXPECT_EQ(shown(2.0, "0E+"), "2E+");
+    EXPECT_EQ(shown(2.0, "0 E+x"), "2 E+x");
+    EXPECT_EQ(shown(2.0, "0 Exx"), "2 Exx");
+    EXPECT_EQ(shown(2.0, "0 E-x"), "2 E-x");
+    EXPECT_EQ(shown(0.02, "0E-0"), "2E-2");
+    EXPECT_EQ(shown(20.0, "0E-0"), "2E1");
+    EXPECT_EQ(shown(20.0, "0E+0 S"), "2E+1 S");
 }
 
 // The number in the decimal form of 15 digits, d.ddddddddddddddE+dd, as the library finds it, and the pattern for it.

@@ -1,12 +1,15 @@
 #include "store/output_file.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "store/file_calls.h"
 #include "support/data_files.h"
 #include "support/failure.h"
 
@@ -88,6 +91,38 @@ TEST_F(OutputFileTest, EndsOnAFullDiskWithoutAWord) {
         OutputFile file("full.txt");
         file.WriteLine("lost");
     });
+}
+
+void LimitFileSize(rlim_t bytes) {
+    rlimit limit{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    limit.rlim_cur = bytes;
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+}
+
+// The user makes room and saves again under the same name: what had not been taken would end up in the new file.
+TEST_F(OutputFileTest, WritesNothingMoreAfterAFault) {
+    TakeSignalsOfWritingAsErrors();
+    LimitFileSize(10);
+    {
+        OutputFile broken("out.txt");
+        broken.WriteLine("0123456789abcdef");
+        EXPECT_FAILURE(61, broken.Flush());
+        EXPECT_EQ(Content("out.txt"), "0123456789") << "as far as there was room";
+        LimitFileSize(RLIM_INFINITY);
+        broken.WriteLine("more");
+        EXPECT_FAILURE(61, broken.Flush());
+        EXPECT_FAILURE(61, broken.Finish());
+        OutputFile again("out.txt");
+        again.WriteLine("ghi");
+        again.Finish();
+    }
+    EXPECT_EQ(Content("out.txt"), "ghi\r\n");
+}
+
+TEST_F(OutputFileTest, DoesNotWaitForSomebodyToReadAPipe) {
+    ASSERT_EQ(::mkfifo("pipe", 0600), 0);
+    EXPECT_FAILURE(75, OutputFile("pipe"));
 }
 
 TEST_F(OutputFileTest, CannotBeMadeWhereThereIsNoFolder) {

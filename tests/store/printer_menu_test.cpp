@@ -4,6 +4,7 @@
 
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/failure.h"
 #include "support/test_desktop.h"
 
 namespace halvern {
@@ -34,6 +35,16 @@ TEST_F(PrinterMenu, HasAnItemForEachPrinterBehindTheSeparator) {
     EXPECT_EQ(entries[separator + 3].item, &Menus().PrintDummy3);
 }
 
+TEST_F(PrinterMenu, TakesTheNamesOfPrintersAsTheyAre) {
+    desktop.printers = {"A&B", "-", "%1 <b>"};
+    LoadItems();
+    for (std::size_t I = 1; I <= 3; ++I) {
+        EXPECT_EQ(Menus().Prn2Array(I).Caption(), desktop.printers[I - 1]);
+        EXPECT_TRUE(Menus().Prn2Array(I).ShowsName()) << "an & of its caption is no access key";
+        EXPECT_FALSE(Menus().Prn2Array(I).IsSeparator());
+    }
+}
+
 TEST_F(PrinterMenu, TicksAndSelectsTheDefaultPrinter) {
     desktop.printers = {"Laser", " Ink "};
     Store().DefaultPrinterName = "Ink";
@@ -56,6 +67,16 @@ TEST_F(PrinterMenu, IsLeftAloneWithoutPrinters) {
     LoadItems();
     EXPECT_EQ(Menus().Prn2Array.Count(), 0U);
     EXPECT_TRUE(desktop.printersSelected.empty());
+}
+
+TEST_F(PrinterMenu, FailsWithAPrinterThatIsGone) {
+    desktop.printers = {"Laser", "Ink"};
+    UsePrinter(2);
+    EXPECT_EQ(Store().DefaultPrinterName, "Ink");
+    EXPECT_FAILURE(9, UsePrinter(3));
+    EXPECT_FAILURE(9, UsePrinter(0));
+    EXPECT_EQ(Store().DefaultPrinterName, "Ink");
+    EXPECT_EQ(desktop.printersSelected, std::vector<std::size_t>{1});
 }
 
 }  // namespace

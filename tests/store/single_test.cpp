@@ -83,5 +83,7 @@ TEST(Failure, HasTheClassicNumberAndWords) {
     EXPECT_EQ(static_cast<int>(FailureCode::kCancelled), 32755);
 }
 
+TEST(Failure, OfAnUnknownNumberStillHasWords) { EXPECT_STREQ(FailureText(FailureCode{999}), "Unknown failure"); }
+
 }  // namespace
 }  // namespace halvern

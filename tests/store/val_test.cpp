@@ -107,6 +107,7 @@ TEST(Val, IsInfinityAboveTheRangeOfDoubleAndZeroBelowIt) {
         {"1E99999999999999999999999", kInfinity},
         {"1E18446744073709551617", kInfinity},  // 2^64 + 1
         {"1E-18446744073709551617", 0.0},
+        {"1E-9223372036854775808", 0.0},  // the size of the exponent is 2^63
         {"1E-99999999999999999999999", 0.0},
         {"0E99999999999999999999999", 0.0},
         // The largest double is 1.79769313486231570...E308; from 1.79769313486231580793...E308 on a number is nearer to

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "support/test_desktop.h"
 
 namespace halvern {
@@ -60,6 +62,15 @@ TEST_F(FormTest, NamesItsControlsInTheOrderOfTheDesign) {
     EXPECT_EQ(window.Controls()[0]->Name(), "Command1");
     EXPECT_EQ(window.Controls()[0]->Where(), (Place{0, 0, 852, 375}));
 }
+
+TEST_F(FormTest, ThatIsNotLoadedCannotBeUnloaded) {
+    window.refuse = true;
+    window.Unload();
+    EXPECT_FALSE(window.IsLoaded());
+    EXPECT_TRUE(desktop.story.empty());
+}
+
+TEST(TheDesktop, HasToBeThere) { EXPECT_THROW(TheDesktop(), std::logic_error); }
 
 }  // namespace
 }  // namespace halvern

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace halvern {
 namespace {
@@ -35,6 +37,30 @@ TEST(ListBox, HasNoLineOutsideItself) {
     list.AddLine("a");
     EXPECT_THROW(list.RemoveLine(1), std::out_of_range);
     EXPECT_THROW(list.Line(1), std::out_of_range);
+}
+
+struct Watcher : ListBoxObserver {
+    std::vector<std::string> story;
+    void LineAdded() override { story.emplace_back("added"); }
+    void LineRemoved(std::size_t index) override { story.push_back("removed " + std::to_string(index)); }
+    void SelectionChanged() override { story.emplace_back("selected"); }
+    void TopIndexChanged() override { story.emplace_back("top"); }
+};
+
+TEST(ListBox, TellsWhoeverShowsItOfEachStepButNotOfTheirOwn) {
+    ListBox list;
+    Watcher watcher;
+    list.ObserveList(&watcher);
+    list.AddLine("a");
+    list.AddLine("b");
+    list.Select(1);
+    list.SetTopIndex(1);
+    list.ScrolledTo(0);
+    list.RemoveLine(0);
+    EXPECT_EQ(watcher.story, (std::vector<std::string>{"added", "added", "selected", "top", "removed 0"}));
+    list.ObserveList(nullptr);
+    list.AddLine("c");
+    EXPECT_EQ(watcher.story.size(), 5U);
 }
 
 }  // namespace

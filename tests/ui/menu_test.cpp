@@ -24,6 +24,17 @@ constexpr MenuRow<Items> kJump[] = {{1, &Items::file, "File", "", kOn, kShown},
                                     {3, &Items::open, "Open", "", kOn, kShown}};
 static_assert(!LevelsStepByOne(kJump));
 
+TEST(MenuItem, ThatShowsTheNameOfAThingTakesNothingInItForItself) {
+    MenuItem item;
+    item.SetCaption("-");
+    EXPECT_TRUE(item.IsSeparator());
+    EXPECT_FALSE(item.ShowsName());
+    item.ShowName("-");
+    EXPECT_FALSE(item.IsSeparator());
+    EXPECT_TRUE(item.ShowsName());
+    EXPECT_EQ(item.Caption(), "-");
+}
+
 struct Built : ::testing::Test {
     Items items;
     MenuBar bar;

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "support/failure.h"
+#include "support/layout.h"
 #include "wide/integral.h"
 #include "wide/wide_run.h"
 
@@ -207,6 +208,29 @@ TEST_F(RadiiDialogs, HaveRoomForAllRadiiOfTheLargestDataSet) {
         EXPECT_EQ(S.PlotCount, 10978);
         EXPECT_EQ(S.PlotSym(10978), -57 - 64 * 1) << "the line to the first scan";
         EXPECT_EQ(S.PlotSym(10978 - 498), kPenUp) << "the last of eleven lines of 499 points";
+    }
+}
+
+TEST_F(RadiiDialogs, HaveABoxForEachRadiusAndAreCancelledByEscape) {
+    RadiiDialog dialog(kPlotRadii);
+    std::vector<std::string> names{"Label1", "Frame1"};
+    for (int i = 0; i < 11; ++i)
+        names.push_back("UseRadii(" + std::to_string(i) + ")");
+    names.insert(names.end(), {"PlotEmUp", "NeverMind2"});
+    EXPECT_EQ(test::NamesOn(dialog), names);
+    EXPECT_EQ(dialog.CancelButton(), &dialog.NeverMind2);
+    test::ExpectLaidOut(dialog);
+    for (const CheckBox& box : dialog.UseRadii)
+        EXPECT_TRUE(test::IsWithin(box.Where(), dialog.Frame1.Where()));
+}
+
+TEST_F(RadiiDialogs, MakeNoPlotOfASinglePoint) {
+    for (void (*command)() : {PlotSvsG_Click, PlotLnS_Click, PlotIntegralWD_Click}) {
+        S.PlotCount = 1;
+        S.PlotReady = false;
+        desktop.dialogs.push_back([](Form& form) { form.Unload(); });
+        command();
+        EXPECT_FALSE(S.PlotReady);
     }
 }
 

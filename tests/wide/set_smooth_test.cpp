@@ -4,6 +4,7 @@
 
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/layout.h"
 #include "support/test_desktop.h"
 
 namespace halvern {
@@ -173,6 +174,41 @@ TEST_F(Smoothing, ChecksATypedWindowByItsOwnLimits) {
     Type(dialog, "5.5");
     EXPECT_EQ(dialog.UpDown1.Value(), 6);
     EXPECT_EQ(desktop.messages.size(), refused);
+    dialog.Unload();
+}
+
+TEST_F(Smoothing, HasADialogThatEscapeCancels) {
+    SetSmooth dialog;
+    EXPECT_EQ(test::NamesOn(dialog),
+              (std::vector<std::string>{"Label1", "Text1", "UpDown1", "Label2", "IsOK", "MaybeLater"}));
+    EXPECT_EQ(dialog.CancelButton(), &dialog.MaybeLater);
+    test::ExpectLaidOut(dialog);
+}
+
+TEST_F(Smoothing, ShowsTheWindowInUseInTheSpanDialog) {
+    S.SmoothWindow = 7;
+    SetSmooth dialog;
+    dialog.Load();
+    EXPECT_EQ(dialog.Text1.Text(), "7");
+    EXPECT_EQ(dialog.UpDown1.Value(), 7);
+    dialog.Unload();
+}
+
+TEST_F(Smoothing, GoesOutOfReachWithTooFewScansInTheSpanDialog) {
+    S.NumFiles = 29;
+    M.SetCSpan.Enable();
+    Answer([](SetSmooth& dialog) { dialog.MaybeLater.Click(); });
+    SetCSpan_Click();
+    EXPECT_FALSE(M.UseWSSmoothing.IsEnabled() || M.SetCSpan.IsEnabled());
+}
+
+TEST_F(Smoothing, ShowsTheWindowThatStandsThoughItCannotBeUsed) {
+    S.NumFiles = 20;
+    S.SmoothWindow = 7;
+    SetSmooth dialog;
+    dialog.Load();
+    EXPECT_EQ(dialog.Text1.Text(), "7");
+    EXPECT_EQ(dialog.UpDown1.Value(), 1);
     dialog.Unload();
 }
 

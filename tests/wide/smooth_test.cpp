@@ -92,7 +92,15 @@ TEST(SmoothData, CarriesItsSumAlongInSinglePrecision) {
     // 1E8 leaves rounding in the sum after it has left the window: rebuilt, the last means would be 1.
     const auto result = Smoothed({1, 1, 1E8F, 1, 1, 1, 1, 1, 1}, 1.0F, 3);
     EXPECT_EQ(result[5], 1.0F / 3.0F);
+    EXPECT_EQ(result[7], 1.0F / 3.0F) << "the last full window is carried along, too";
     EXPECT_EQ(result.back(), 1.0F);
+}
+
+// The windows at the end are built from the last point inwards: 1E8 + 1 + 1 is 1E8 there, and the mean a third of it.
+TEST(SmoothData, BuildsItsEndsFromTheEdgesInwards) {
+    const auto result = Smoothed({4, 4, 4, 4, 4, 4, 1, 1, 1E8F}, 1.0F, 7);
+    EXPECT_EQ(result[7], static_cast<float>(1E8 / 3.0));
+    EXPECT_EQ(result[6], static_cast<float>((1E8 + 8.0) / 5.0));
 }
 
 TEST(SmoothData, FailsWithAWindowBeyondItsArrays) {

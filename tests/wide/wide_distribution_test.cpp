@@ -46,6 +46,34 @@ TEST_F(WideDistributionTest, HasElevenRadiiJustUnderTheRoundNumbers) {
     EXPECT_TRUE(M.PlotWideD.IsEnabled() && M.WDOut.IsEnabled());
 }
 
+TEST_F(WideDistributionTest, WithdrawsAllFiftyRadiiFirst) {
+    MakeScans(45);
+    for (std::int32_t K = 1; K <= 50; ++K)
+        S.WDRadiusValid(K) = true;
+    Calculate();
+    for (std::int32_t K = 1; K <= 50; ++K)
+        EXPECT_EQ(S.WDRadiusValid(K), K <= 11) << K;
+}
+
+// What is reported is on the screen before the calculation starts, and the list has scrolled on.
+TEST_F(WideDistributionTest, ShowsItsLinesAndScrollsBeforeItCalculates) {
+    MakeScans(45);
+    for (int i = 0; i < 10; ++i)
+        AddLine("line");
+    std::vector<std::size_t> lines, tops;
+    desktop.atPass = [&] {
+        lines.push_back(static_cast<std::size_t>(OutFileBox().ListCount()));
+        tops.push_back(static_cast<std::size_t>(OutFileBox().TopIndex()));
+        EXPECT_FALSE(S.WDRadiusValid(6));
+    };
+    AnswerOk();
+    DoWideStraight_Click();
+    ASSERT_GE(lines.size(), 2U);
+    EXPECT_EQ(lines[0], 13U);
+    EXPECT_EQ(tops[0], 0U);
+    EXPECT_EQ(tops[1], 5U);
+}
+
 // The whole calculation at one radius, long-hand, in double with a rounding to single at each store.
 TEST_F(WideDistributionTest, IsTheDerivativeOfTheSignalCorrectedForDilution) {
     constexpr int N = 45;
@@ -302,6 +330,25 @@ TEST(WideGrid, StartsBehind5Point8Centimetres) {
     const float expected[] = {10.0F, 10.0F, 15.0F, 20.0F, 25.0F, 30.0F};
     for (std::int32_t I = 1; I <= 6; ++I)
         EXPECT_NEAR(values(I), expected[I - 1], 0.01F) << I;
+}
+
+// Each point is a product stored as a single, and its sum with 5.8 cm stored as one again.
+TEST(WideGrid, IsRoundedAtTheProductAndAtTheSum) {
+    Curve radii, values;
+    radii.Fill(0.0F);
+    values.Fill(0.0F);
+    radii(1) = 5.8F;
+    radii(2) = 8.0F;
+    std::int16_t points = 0;
+    InterpolateToGrid(radii, values, 2, points, 0.001F);
+    ASSERT_EQ(points, 2000);
+    int otherwise = 0;
+    for (std::int32_t J = 1; J <= 2000; ++J) {
+        const double product = static_cast<double>(J) * 0.001F;
+        EXPECT_EQ(radii(J), static_cast<float>(static_cast<float>(product) + 5.8)) << J;
+        otherwise += radii(J) != static_cast<float>(product + 5.8) ? 1 : 0;
+    }
+    EXPECT_GT(otherwise, 0) << "the points where the first rounding shows";
 }
 
 TEST_F(WideDistributionTest, OffersTheRadiiAndPlotsOverLnS) {
