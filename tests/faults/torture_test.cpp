@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <ostream>
 #include <string>
 
 #include "faults/rig.h"
@@ -25,6 +26,8 @@ struct Command {
     int pointer;        ///< after a fault behind the opening
     bool keepsOld;      ///< the old file stays until the new one is whole; otherwise the new one holds its first lines
 };
+
+void PrintTo(const Command& command, std::ostream* out) { *out << command.name; }
 
 #define BOX(text) "message style=48 title=\"Output File Error\" text=\"" text "\" answer=ok\n"
 
