@@ -41,9 +41,8 @@ OpenedFile Open(const std::string& path, int flags) {
 
 /// Once it is open, a pipe's writer waits for its reader as usual.
 void WaitForReaders(int descriptor) {
-    const int flags = ::fcntl(descriptor, F_GETFL);
-    if (flags >= 0)
-        static_cast<void>(::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK));
+    constexpr int kNoFlags = 0;
+    static_cast<void>(::fcntl(descriptor, F_SETFL, kNoFlags));
 }
 
 }  // namespace

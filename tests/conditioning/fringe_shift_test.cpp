@@ -139,10 +139,21 @@ TEST_F(FringeShift, FailsTooCloseToTheStartOrBeyondTheEnd) {
 }
 
 TEST_F(FringeShift, EndsWhereAFringeIsLostInTheRounding) {
+    // From 2^25 on a single counts fours.
+    Jumps({0x1p25F, 0x1p25F + 64.0F, 0x1p25F, 0x1p25F, 0x1p25F});
+    CorrectAt(30);
+    EXPECT_TRUE(S.FringeCorrected);
+    ExpectOffsets({0.0F, 0.0F, 0.0F, 0.0F, 0.0F});
+    EXPECT_EQ(S.GridSignal(29, 1), 0x1p25F);
+    EXPECT_EQ(S.GridSignal(29, 2), 0x1p25F + 64.0F);
+}
+
+TEST_F(FringeShift, LeavesAScanTooFarFromItsSuccessor) {
     Jumps({1E9F, 0.0F, 0.0F, 0.0F, 0.0F});
     CorrectAt(30);
     EXPECT_TRUE(S.FringeCorrected);
     EXPECT_EQ(S.JitterOffset(1), 0.0F);
+    EXPECT_EQ(S.GridSignal(29, 1), 1E9F);
 }
 
 TEST_F(FringeShift, LeavesAScanThatNoNumberOfFringesBringsToItsSuccessor) {

@@ -77,10 +77,10 @@ bool Fails(bool concerns, bool onceAtMost = false) {
     return Refuse(state.plan.fault == Fault::kInterrupted ? EINTR : state.plan.error);
 }
 
-/// Whether the call that comes is a write to be cut in half.
-bool IsToBeHalved(std::size_t size) {
+/// Whether the call that comes is a write to be treated so.
+bool IsNext(Fault fault) {
     const State& state = TheState();
-    return state.counts && state.plan.fault == Fault::kHalfTaken && state.calls + 1 == state.plan.call && size > 1;
+    return state.counts && state.plan.fault == fault && state.calls + 1 == state.plan.call;
 }
 
 template <class Function>
@@ -141,7 +141,12 @@ ssize_t write(int descriptor, const void* bytes, size_t size) {
             Refuse(TheState().plan.error);
             return -1;
         }
-        if (IsToBeHalved(size)) {
+        if (IsNext(Fault::kNoneTaken)) {
+            ++TheState().calls;
+            ++injected;
+            return 0;
+        }
+        if (IsNext(Fault::kHalfTaken) && size > 1) {
             ++TheState().calls;
             TheState().broken = true;
             return system(descriptor, bytes, size / 2);

@@ -9,6 +9,7 @@ namespace halvern::test {
 enum class Fault {
     kRefused,      ///< it fails; nothing of it is done, but that a descriptor is closed all the same
     kHalfTaken,    ///< a write takes half of its bytes, and the one that follows fails; other calls fail
+    kNoneTaken,    ///< a write takes no byte and gives no reason; other calls fail
     kInterrupted,  ///< a signal has come: it fails with EINTR, once
 };
 

@@ -132,6 +132,29 @@ TEST_F(FileCalls, WaitForNobodyWhenTheyOpenAPipe) {
     EXPECT_EQ(Message(CloseFile(writer.descriptor)), "");
 }
 
+TEST_F(FileCalls, OpenNoFileOfANameThatEndsWithinItself) {
+    folder.Write("a", "text");
+    const std::string name("a\0.txt", 6);
+    EXPECT_EQ(Message(OpenForReading(name).error), "No such file or directory");
+    EXPECT_EQ(Message(OpenForWriting(name).error), "No such file or directory");
+    EXPECT_EQ(Content("a"), "text");
+}
+
+TEST_F(FileCalls, LeaveTheTargetOfALinkWhoseWholePathIsTooLong) {
+    const fs::path home = fs::current_path();
+    const std::string part(250, 'd');
+    for (int depth = 0; depth < 20; ++depth) {
+        fs::create_directory(part);
+        ASSERT_EQ(::chdir(part.c_str()), 0);
+    }
+    std::ofstream("old.bin") << "kept";
+    fs::create_symlink("old.bin", "link.bin");
+    EXPECT_NE(Message(ReplaceFile("link.bin", "new")), "");
+    EXPECT_EQ(Content("old.bin"), "kept");
+    EXPECT_EQ(EntriesHere(), 2);
+    fs::current_path(home);
+}
+
 TEST_F(FileCalls, TellOfADescriptorThatIsNone) {
     std::array<char, 1> room{};
     EXPECT_EQ(Message(CloseFile(-1)), "Bad file descriptor");
