@@ -173,7 +173,7 @@ TEST(Samples, ThreeSpeedsHasTheNumbersWorkedOutByHand) {
 
 TEST(Samples, InterferenceHasTheNumbersWorkedOutByHand) {
     const test::DataFolder folder;
-    Simulate(std::string(HALVERN_BITS) + "/interference.parameters");
+    Simulate(std::string(HALVERN_SAMPLES) + "/interference.parameters");
     const Expected expected("interference");
     auto scans = test::ReadByHand(".", "interference.LST");
     ExpectScans(expected, scans);

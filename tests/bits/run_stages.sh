@@ -5,11 +5,9 @@ set -euo pipefail
 simulate=$1 stages=$2 folder=$3 sample=$4
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
-parameters=$here/$sample.parameters
-[ -f "$parameters" ] || parameters=$here/../../samples/$sample.parameters
 rm -rf "$folder"
 mkdir -p "$folder"
-"$simulate" "$parameters" --output "$folder" >"$folder/simulate.out"
+"$simulate" "$here/../../samples/$sample.parameters" --output "$folder" >"$folder/simulate.out"
 cd "$folder"
 "$stages" "$here/$sample.session" >stages.out
 diff -u "$here/expected-$sample.txt" stages.out
