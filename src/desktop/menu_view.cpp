@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "desktop/message_box.h"
 #include "render/shown_text.h"
 
 namespace halvern {
@@ -116,8 +115,6 @@ void MenuView::Choose(const MenuItem& item) {
                 return;
             if (item.Click)
                 item.Click();
-            else
-                MsgBox("This command is not part of this version yet.", kInformation);
         },
         "click " + item.Name());
 }

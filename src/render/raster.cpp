@@ -14,12 +14,12 @@ struct Side {
     std::int64_t first, last;  ///< steps from the start that are inside the raster
 
     Side(std::int32_t from, std::int32_t to, std::int32_t size)
-        : start(from), step(to < from ? -1 : 1), length(std::abs(static_cast<std::int64_t>(to) - from)) {
-        first = step > 0 ? -static_cast<std::int64_t>(from) : static_cast<std::int64_t>(from) - size + 1;
-        last = step > 0 ? static_cast<std::int64_t>(size) - 1 - from : from;
-        first = std::max<std::int64_t>(first, 0);
-        last = std::min(last, length);
-    }
+        : start(from),
+          step(to < from ? -1 : 1),
+          length(std::abs(static_cast<std::int64_t>(to) - from)),
+          first(std::max<std::int64_t>(
+              step > 0 ? -static_cast<std::int64_t>(from) : static_cast<std::int64_t>(from) - size + 1, 0)),
+          last(std::min(step > 0 ? static_cast<std::int64_t>(size) - 1 - from : from, length)) {}
 };
 
 std::int64_t RoundedUp(std::int64_t dividend, std::int64_t divisor) { return (dividend + divisor - 1) / divisor; }

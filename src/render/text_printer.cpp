@@ -25,12 +25,16 @@ double WidthIn(const QFont& font, std::string_view text) {
     return QFontMetricsF(font).horizontalAdvance(ShownLine(text));
 }
 
+QFont SerifFont() {
+    QFont font;
+    font.setFamilies({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
+    font.setStyleHint(QFont::Serif);
+    return font;
+}
+
 }  // namespace
 
-TextPrinter::TextPrinter() {
-    upright_.setFamilies({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
-    upright_.setStyleHint(QFont::Serif);
-    rotated_ = upright_;
+TextPrinter::TextPrinter() : upright_(SerifFont()), rotated_(SerifFont()) {
     rotated_.setBold(true);
     SetRatio(1.0);
 }

@@ -133,7 +133,7 @@ const std::function<void()>& ClickOf(const NamedControl& named) {
     const auto& command = CommandOf(named);
     CheckWayTo(named);
     if (!command)
-        Refuse(*named.control, " has no command in this version");
+        Refuse(*named.control, " has no command");
     return command;
 }
 

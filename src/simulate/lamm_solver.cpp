@@ -133,7 +133,7 @@ double LammSolver::Concentration(double radiusCm) const {
     if (radiusCm < column_.meniscusCm || radiusCm > column_.baseCm)
         return 0.0;
     const double place = (HalfSquare(radiusCm) - firstX_) / widthX_ - 0.5;  // in cells, from the first one's centre
-    const double last = static_cast<double>(c_.size() - 4);
+    const auto last = static_cast<double>(c_.size() - 4);
     const double first = std::clamp(std::floor(place) - 1.0, 0.0, last);
     const auto* c = &c_[static_cast<std::size_t>(first)];
     const double u = place - first;  // the four cells lie at 0, 1, 2, 3

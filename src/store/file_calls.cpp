@@ -78,7 +78,9 @@ Transfer WriteTo(int descriptor, std::string_view bytes) {
 
 // The descriptor is free after an interrupted close too: a second one could hit a file that another has opened since.
 std::error_code CloseFile(int descriptor) {
-    return ::close(descriptor) == 0 || errno == EINTR ? std::error_code{} : Error(errno);
+    if (::close(descriptor) == 0 || errno == EINTR)
+        return {};
+    return Error(errno);
 }
 
 namespace {
@@ -88,7 +90,9 @@ std::error_code BringToDisk(int descriptor) {
     if (UntilNotInterrupted([&] { return ::fsync(descriptor); }) == 0)
         return {};
     const int error = errno;
-    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP ? std::error_code{} : Error(error);
+    if (error == EINVAL || error == ENOSYS || error == EOPNOTSUPP)
+        return {};
+    return Error(error);
 }
 
 std::error_code WriteAndClose(int descriptor, std::string_view content, bool onDisk) {
@@ -168,8 +172,11 @@ std::error_code ReplaceFile(const std::string& path, std::string_view content) {
         return error;
     std::string grown;
     const OpenedFile file = OpenBeside(target.parent_path(), grown);
-    if (file.error)
-        return old.has_value() && FolderTakesNoFile(file.error) ? WriteDirectly(path, content) : file.error;
+    if (file.error) {
+        if (old.has_value() && FolderTakesNoFile(file.error))
+            return WriteDirectly(path, content);
+        return file.error;
+    }
     return GrowAndMove(file.descriptor, grown, target.string(), old, content);
 }
 

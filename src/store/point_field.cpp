@@ -60,11 +60,17 @@ bool CanBeFast(float value) {
     return (size >= kLeastSize && size < kBeyondSize) || (size == 0.0F && !std::signbit(value));
 }
 
+/// The whole number next to one that is not negative; of two the greater.
+std::uint32_t HalvesUp(double value) {
+    const double raised = value + 0.5;
+    return static_cast<std::uint32_t>(raised);
+}
+
 /// A minus sign or a blank, five digits, and the exponent.
 char* PutSigned(char* out, float value) {
     const float size = std::fabs(value);
     int exponent = size == 0.0F ? 0 : ExponentOf(size);
-    auto digits = static_cast<std::uint32_t>(size * kPowers[static_cast<std::size_t>(4 - exponent)] + 0.5);
+    std::uint32_t digits = HalvesUp(size * kPowers[static_cast<std::size_t>(4 - exponent)]);
     if (digits == 100000) {
         digits = 10000;
         ++exponent;
@@ -82,7 +88,7 @@ char* PutSigned(char* out, float value) {
 char* RadiusField(char* out, float radius) noexcept {
     if (!(radius >= kLeastRadius && radius < kBeyondRadius))
         return FormatTo(out, radius, kRadius);
-    const auto digits = static_cast<std::uint32_t>(static_cast<double>(radius) * 1E4 + 0.5);
+    const std::uint32_t digits = HalvesUp(static_cast<double>(radius) * 1E4);
     if (digits >= 100000)
         return FormatTo(out, radius, kRadius);
     out[0] = out[1] = ' ';

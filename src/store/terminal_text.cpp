@@ -11,8 +11,10 @@ bool CommandsTheTerminal(std::string_view character) {
     if (character.size() == 1)
         return character < " " || character > "~";
     const bool isControl = character <= "\xC2\x9F";
+    // NOLINTBEGIN(misc-misleading-bidirectional): the very signs that are looked for
     const bool separatesLinesOrTurnsText = character >= "\xE2\x80\xA8" && character <= "\xE2\x80\xAE";
     const bool isolatesDirection = character >= "\xE2\x81\xA6" && character <= "\xE2\x81\xA9";
+    // NOLINTEND(misc-misleading-bidirectional)
     return isControl || separatesLinesOrTurnsText || isolatesDirection;
 }
 

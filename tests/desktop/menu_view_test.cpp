@@ -6,7 +6,6 @@
 #include <QTest>
 
 #include "desktop/application.h"
-#include "desktop/message_box.h"
 #include "desktop/qt_desktop.h"
 
 namespace halvern {
@@ -183,21 +182,6 @@ TEST_F(MenuInAWindow, LetsNoShortcutPastAMenuThatIsDisabledOrHidden) {
     items.Print.Hide();
     Action(items.Copy).trigger();
     EXPECT_EQ(clicks, 1);
-}
-
-TEST_F(MenuInAWindow, SaysSoWhereTheCommandIsStillMissing) {
-    QString text, title;
-    QMessageBox::Icon icon = QMessageBox::NoIcon;
-    test::AtNext<MessageBoxWindow> user([&](MessageBoxWindow& box) {
-        text = box.text();
-        title = box.windowTitle();
-        icon = box.icon();
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    Action(items.Load).trigger();
-    EXPECT_EQ(text, "This command is not part of this version yet.");
-    EXPECT_EQ(title, "Halvern");
-    EXPECT_EQ(icon, QMessageBox::Information);
 }
 
 TEST_F(MenuInAWindow, HasNothingToDoWithAModelThatWasLetGo) {

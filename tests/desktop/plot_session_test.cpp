@@ -126,7 +126,7 @@ TEST_F(OnThePlot, MovesTheLimitsByEachOfTheirClicks) {
         ClickWith(user, "ctrl", 1, two);
         user.Await("the lower limit", [least = atFirst] { return Store().DataLimitMin > least; });
         ClickWith(user, "ctrl", 3, seven);
-        user.Await("the upper limit", [most = most] { return Store().DataLimitMax < most; });
+        user.Await("the upper limit", [before = most] { return Store().DataLimitMax < before; });
         user.Photograph("l1-limits");
         const auto [lower, upper] = limits();
         EXPECT_NEAR(lower, 2.0F, 0.02F);
@@ -136,7 +136,7 @@ TEST_F(OnThePlot, MovesTheLimitsByEachOfTheirClicks) {
         ClickWith(user, "ctrl keydown shift", 1, five);
         user.Do("keyup shift");
         ClickWith(user, "alt", 1, five);
-        user.Await("the upper limit of Alt", [upper = upper] { return Store().DataLimitMax < upper; });
+        user.Await("the upper limit of Alt", [before = upper] { return Store().DataLimitMax < before; });
         EXPECT_EQ(limits().first, lower);
         EXPECT_NEAR(limits().second, 5.0F, 0.02F);
         user.Photograph("l2-limit-by-alt");

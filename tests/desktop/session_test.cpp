@@ -228,24 +228,6 @@ TEST_F(Session, TakesNothingFromTheUserWhileTheSplashStands) {
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(Session, SaysWhichCommandsAreStillMissing) {
-    const int status = test::WithUser([&](test::User& user) {
-        Start(user);
-        user.Look([] {
-            Menus().MakeListNow.Click = nullptr;
-            return true;
-        });
-        user.Choose('f', "c");
-        user.AwaitWindow("Halvern");
-        EXPECT_EQ(TextOfBox(user), "This command is not part of this version yet.");
-        user.Photograph("missing-command");
-        user.Press("Return");
-        user.AwaitNoWindow("Halvern");
-        Exit(user);
-    });
-    EXPECT_EQ(status, 0);
-}
-
 TEST_F(Session, SelectsAndScrollsTheReport) {
     int copies = 0;
     const int status = test::WithUser([&](test::User& user) {

@@ -8,7 +8,7 @@
 namespace halvern {
 namespace {
 
-constexpr QRgb kWhitePixel = 0xFFFFFFFF, kRedPixel = 0xFFFF0000, kBluePixel = 0xFF0000FF, kBlackPixel = 0xFF000000;
+constexpr QRgb kWhitePixel = 0xFFFFFFFF, kRedPixel = 0xFFFF0000, kBluePixel = 0xFF0000FF;
 constexpr Colour kRedInk = 0xFF0000, kBlueInk = 0x0000FF, kBlackInk = 0x000000;
 
 /// A surface of 270 by 290 pixels under the page of the plot: two pixels to a page unit, either way.

@@ -411,7 +411,7 @@ INSTANTIATE_TEST_SUITE_P(Replay, RefusedLine, ::testing::ValuesIn(kRefused),
 TEST_F(Replay, RefusesAnItemThatHasNoCommand) {
     Menus().MakeListNow.Click = nullptr;
     EXPECT_EQ(Play("click makelistnow"), kLineFailed);
-    EXPECT_EQ(err.str(), "test.script:1: MakeListNow has no command in this version\n");
+    EXPECT_EQ(err.str(), "test.script:1: MakeListNow has no command\n");
 }
 
 TEST_F(Replay, RefusesToCloseThePlotWindowWhenItIsShownToo) {
