@@ -1,6 +1,7 @@
 #include "desktop/run_halvern.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLocale>
 #include <QSettings>
 
@@ -39,6 +40,12 @@ void LeaveTheLocale() {
     QLocale::setDefault(QLocale::c());
 }
 
+/// The icon of all windows, and the desktop entry that they belong to.
+void TellTheDesktop() {
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.halvern.Halvern"));
+}
+
 // The toolkit's file dialog would keep its last folders in a file of the user's. Nothing can be kept in this folder.
 void KeepNoSettings() {
     for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat})
@@ -57,6 +64,7 @@ int RunHalvern(char* programPath) {
     QApplication::setQuitOnLastWindowClosed(false);
     LeaveTheLocale();
     KeepNoSettings();
+    TellTheDesktop();
 
     int status = 0;
     bool stillAskingForPrinters = false;
