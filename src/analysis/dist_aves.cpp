@@ -39,7 +39,6 @@ void ShowSAve_Click() {
     const auto interacting = AverageLinesOfInteracting(AveragesOfInteracting());
     const auto nonInteracting = AverageLinesOfNonInteracting(AveragesOfNonInteracting());
     DistAves dialog;
-    dialog.Load();
     Label* const upper[] = {&dialog.Label1, &dialog.Label2, &dialog.Label3, &dialog.Label4, &dialog.Label5};
     Label* const lower[] = {&dialog.Label6, &dialog.Label7, &dialog.Label8, &dialog.Label9, &dialog.Label10};
     for (std::size_t row = 0; row < 5; ++row) {

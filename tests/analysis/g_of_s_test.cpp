@@ -56,6 +56,11 @@ TEST_F(SRange, TakesTheFirstPointsAtOrBeyondTheLimits) {
     Expect(3, 8);
 }
 
+TEST_F(SRange, MayBeginAtTheLastPoint) {
+    Find(9.5F, 9.8F);
+    Expect(10, 10);
+}
+
 TEST_F(SRange, OfTheOfferedLimitsIsTheWholeGrid) {
     Find(static_cast<float>(Store().SStar(1) * 1E13), static_cast<float>(Store().SStar(10) * 1E13));
     Expect(1, 10);

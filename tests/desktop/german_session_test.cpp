@@ -21,6 +21,7 @@ class GermanSystem : public ::testing::Environment {
     void SetUp() override {
         ::setenv("LOCPATH", HALVERN_LOCALES, 1);
         ::setenv("LC_ALL", "de_DE.UTF-8", 1);
+        ::setenv("LANGUAGE", "de", 1);
     }
 };
 const ::testing::Environment* const kGermanSystem = ::testing::AddGlobalTestEnvironment(new GermanSystem);

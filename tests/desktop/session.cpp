@@ -56,11 +56,18 @@ void Session::TypePath(User& user, const std::string& path) {
         const auto* name = dialog == nullptr ? nullptr : dialog->findChild<QLineEdit*>("fileNameEdit");
         return name != nullptr && name->text() == path;
     };
-    // Now and then the display loses one of many keys; a person would type the name again.
-    for (int tries = 0; tries < 3; ++tries) {
+    // Now and then the display loses one of many keys, or another window had the keyboard; a person would click into the
+    // field and type the name again.
+    for (int tries = 0; tries < 4; ++tries) {
         user.Type(path);
         if (user.Comes("the whole path", stands, std::chrono::seconds(5)))
             return;
+        user.Photograph("path-not-taken");
+        user.Click(user.Look([] {
+            const QWidget* dialog = QApplication::activeWindow();
+            const auto* name = dialog == nullptr ? nullptr : dialog->findChild<QLineEdit*>("fileNameEdit");
+            return name == nullptr ? QPoint() : name->mapToGlobal(name->rect().center());
+        }));
         user.Press("ctrl+a");
     }
     throw std::runtime_error("the dialog does not take the path " + path);

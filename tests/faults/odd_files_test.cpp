@@ -315,7 +315,7 @@ TEST_F(OddFiles, ASmallDiskFillsUpAndTakesTheFileWhenThereIsRoom) {
 TEST_F(OddFiles, EveryCallOfALoadFailsOnceAndTheNextLoadIsWhole) {
     WriteScans({"1", "2", "3", "4", "5", "6"});
     ASSERT_EQ(LoadList({"1", "2", "3", "4", "5", "6"}), "");
-    const std::string load = "click GetListNow\nchoose " + (rig.data / "all.LST").string() + "\n";
+    const std::string load = "click GetListNow\nchoose " + Word((rig.data / "all.LST").string()) + "\n";
     int faults = 0;
     for (const int error : {EIO, ENOENT, EACCES, ENFILE, ESTALE})
         for (int call = 1; !HasFailure(); ++call) {
@@ -341,7 +341,7 @@ TEST_F(OddFiles, EveryCallOfALoadFailsOnceAndTheNextLoadIsWhole) {
 
 TEST_F(OddFiles, ASignalInAnyCallOfALoadChangesNothing) {
     WriteScans({"1", "2", "3", "4"});
-    const std::string load = "click GetListNow\nchoose " + (rig.data / "all.LST").string() + "\n";
+    const std::string load = "click GetListNow\nchoose " + Word((rig.data / "all.LST").string()) + "\n";
     rig.folder.Write("data/all.LST", test::ListText({"1", "2", "3", "4"}));
     EXPECT_EQ(rig.DoWith({}, rig.data, load), "");
     // Looking at an open file waits for nothing, and so is not interrupted: the second call of each file.

@@ -10,6 +10,8 @@ mkdir "$folder/data" "$folder/out"
 cd "$folder/data" || exit 1
 "$make_data" || exit 1
 cd "$folder" || exit 1
+# What is loaded first is a list with blanks between its names.
+ln -s "$module" failing.so
 failures=0 faults=0
 
 complain() {
@@ -34,7 +36,7 @@ run_failing() {
     local below=$1 call=$2 error=$3 how=$4
     shift 4
     run env FAULTS_BELOW="$below" FAULTS_CALL="$call" FAULTS_ERROR="$error" FAULTS_HOW="$how" \
-        FAULTS_REPORT="$folder/counted" LD_PRELOAD="$module" "$@"
+        FAULTS_REPORT="$folder/counted" LD_PRELOAD=./failing.so "$@"
     read -r calls failed <"$folder/counted"
     faults=$((faults + failed))
 }
@@ -73,7 +75,7 @@ run "$replay" unreadable.script
 check "an unreadable list" "0 clipboard: empty" "$status $out"
 
 # --- A limit on the size of files: a signal unless the program takes it as an error.
-printf 'click GetListNow\nchoose data/absorbance/all.LST\nclick RawDataOut\nchoose %s\nprint clipboard\n' \
+printf 'click GetListNow\nchoose data/absorbance/all.LST\nclick RawDataOut\nchoose "%s"\nprint clipboard\n' \
     "$folder/out/table.txt" >table.script
 [ -f data/absorbance/all.LST ] || sed -i 's|data/absorbance/|data/|' table.script
 list=$(sed -n 's/^choose \(.*LST\)$/\1/p' table.script)
@@ -108,7 +110,7 @@ for ((call = 1; call <= table_calls; call++)); do
         is_prefix out/table.txt whole.txt || complain "table, call $call: no part of the whole"
     fi
 done
-printf 'click GetListNow\nchoose %s\nclick PlotRaw\nclick PlotEmUpScottie\nrender %s\n' "$list" "$folder/out/plot.png" \
+printf 'click GetListNow\nchoose %s\nclick PlotRaw\nclick PlotEmUpScottie\nrender "%s"\n' "$list" "$folder/out/plot.png" \
     >picture.script
 run_failing "$folder/out" 0 $ENOSPC refused "$replay" picture.script
 check "the picture" 0 "$status"
@@ -126,7 +128,7 @@ check "what stands beside the picture" "plot.png table.txt" "$(ls -A out | xargs
 first=$(head -n 1 "$list" | tr -d '\r')
 series=$(dirname "$list")
 list_script() {
-    printf 'click MakeListNow\nclick Text3\nchoose %s\nclick OKMakeFile\n' "$folder/$series/$first"
+    printf 'click MakeListNow\nclick Text3\nchoose "%s"\nclick OKMakeFile\n' "$folder/$series/$first"
     printf '%s\n' "$@"
 }
 list_script >first.script

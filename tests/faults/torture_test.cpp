@@ -80,7 +80,7 @@ struct Torture : ::testing::TestWithParam<Command> {
     test::Rig rig;
     const Command& command = GetParam();
     const std::filesystem::path file = rig.out / "file.bmp";
-    const std::string lines = command.lines + file.string() + "\n";
+    const std::string lines = command.lines + test::Word(file.string()) + "\n";
     std::string whole;
     int faults = 0;
 
@@ -180,10 +180,10 @@ TEST_P(Torture, WhatAFaultLeftOverNeverEntersALaterFile) {
     WriteWhole();
     const std::string another =
         std::string("click ") + (std::string(command.name) == "SaveSvsG" ? "SaveLnSvsSG" : "SaveSvsG") + "\nchoose ";
-    ASSERT_EQ(rig.Do(another + (rig.out / "another.txt").string() + "\n"), "");
+    ASSERT_EQ(rig.Do(another + test::Word((rig.out / "another.txt").string()) + "\n"), "");
     for (int call = 2; call <= rig.Calls(); ++call) {
         rig.DoWith({.call = call, .error = ENOSPC, .fault = Fault::kHalfTaken, .forGood = true}, rig.out, lines);
-        EXPECT_EQ(rig.Do(another + file.string() + "\n"), "");
+        EXPECT_EQ(rig.Do(another + test::Word(file.string()) + "\n"), "");
         FlushOpenFiles();
         EXPECT_TRUE(Content(file) == Content(rig.out / "another.txt")) << "call " << call;
     }
@@ -192,7 +192,7 @@ TEST_P(Torture, WhatAFaultLeftOverNeverEntersALaterFile) {
 struct RenderTorture : ::testing::TestWithParam<std::string> {
     test::Rig rig;
     const std::filesystem::path file = rig.out / ("plot." + GetParam());
-    const std::string lines = "render " + file.string() + "\n";
+    const std::string lines = "render " + test::Word(file.string()) + "\n";
 
     /// A document tells its time, so that its size can change by a few bytes.
     void IsAPictureOf(std::size_t size) const {

@@ -94,8 +94,8 @@ class Jury:
         self.times.write_text(json.dumps(seconds, indent=1), encoding="utf-8")
 
     def order_for(self, file):
-        """The tests of the file, then of its room, then of all others, those of the rooms below it last; quick ones
-        before slow ones, and very slow ones behind all."""
+        """Two rows of tests: those of the file and of its room; then all others, those of the rooms below it last. Quick ones
+        come before slow ones, and very slow ones behind all."""
         path = pathlib.PurePath(file)
         room = path.parts[1]
         own = f"tests/{room}/{path.stem}_test.cpp"
@@ -104,9 +104,11 @@ class Jury:
         def rank(test):
             place = PROGRAMS.index(test.program) if test.program in PROGRAMS else len(PROGRAMS)
             seconds = self.seconds[test]
-            return (seconds > VERY_SLOW, test.file != own, place != ground, place < ground, seconds > SLOW, place)
+            return (seconds > VERY_SLOW, test.file != own, place < ground, seconds > SLOW, place)
 
-        return sorted((test for test in self.tests if not self.own or test.program == PROGRAMS[ground]), key=rank)
+        near = [test for test in self.tests if test.program == PROGRAMS[ground]]
+        far = [] if self.own else [test for test in self.tests if test.program != PROGRAMS[ground]]
+        return sorted(near, key=rank), sorted(far, key=rank)
 
     def passes(self, test, env, scratch, seconds):
         start = time.monotonic()
@@ -121,16 +123,13 @@ class Jury:
             self.sound.add(test)
         return test in self.sound
 
-    def first_killer(self, file, libraries, scratch):
-        """The first test that fails, or None. Fails with the name of a test that fails without a mutant, too."""
+    def first_killer(self, tests, libraries, scratch):
+        """The first of the tests that fails, or None. Fails with the name of a test that fails without a mutant, too."""
         env = environment([*libraries, *self.below], scratch)
-        for test in self.order_for(file):
+        for test in tests:
             if self.passes(test, env, scratch, LEAST_SECONDS + 10 * self.seconds[test]):
                 continue
-            known = test in self.sound
             if not self.is_sound(test):
                 raise UnsoundTest(f"{test.program}/{test.name}")
-            # It may only have had too little time, before it was known how much it needs.
-            if known or not self.passes(test, env, scratch, LEAST_SECONDS + 10 * self.seconds[test]):
-                return test
+            return test
         return None
