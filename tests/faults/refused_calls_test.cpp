@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <array>
 #include <filesystem>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 
 #include "faults/failing_calls.h"
@@ -36,6 +36,14 @@ struct RefusedCalls : ::testing::Test {
         return error ? error.message() : std::string();
     }
 
+    void ExpectReplacedInSpiteOf(Call call, std::initializer_list<int> errors) const {
+        for (const int error : errors) {
+            folder.Write("old.bin", kOld);
+            EXPECT_EQ(Replace("old.bin", {.call = call, .error = error}), "") << error;
+            EXPECT_EQ(Content("old.bin"), "new") << error;
+        }
+    }
+
     void ExpectOnlyTheOldFile() const {
         EXPECT_EQ(Content("old.bin"), kOld);
         EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 1);
@@ -43,11 +51,7 @@ struct RefusedCalls : ::testing::Test {
 };
 
 TEST_F(RefusedCalls, OfFileSystemsThatCantSyncAreNoFailure) {
-    for (const int error : {EINVAL, ENOSYS, EOPNOTSUPP}) {
-        folder.Write("old.bin", kOld);
-        EXPECT_EQ(Replace("old.bin", {.call = kSync, .error = error}), "");
-        EXPECT_EQ(Content("old.bin"), "new");
-    }
+    ExpectReplacedInSpiteOf(kSync, {EINVAL, ENOSYS, EOPNOTSUPP});
 }
 
 TEST_F(RefusedCalls, OfASyncThatFailsLeaveTheOldFile) {
@@ -76,11 +80,7 @@ TEST_F(RefusedCalls, OfARenameLeaveTheOldFile) {
 }
 
 TEST_F(RefusedCalls, OfASecondFileInTheFolderLetTheOldOneBeWritten) {
-    for (const int error : {EACCES, EPERM, EROFS}) {
-        folder.Write("old.bin", kOld);
-        EXPECT_EQ(Replace("old.bin", {.call = kOpen, .error = error}), "");
-        EXPECT_EQ(Content("old.bin"), "new");
-    }
+    ExpectReplacedInSpiteOf(kOpen, {EACCES, EPERM, EROFS});
 }
 
 TEST_F(RefusedCalls, OfASecondFileForAnotherReasonLeaveTheOldOne) {
