@@ -43,7 +43,7 @@ void LeaveTheLocale() {
 /// The icon of all windows, and the desktop entry that they belong to.
 void TellTheDesktop() {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
-    QGuiApplication::setDesktopFileName(QStringLiteral("org.halvern.Halvern"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.halvern.halvern"));
 }
 
 // The toolkit's file dialog would keep its last folders in a file of the user's. Nothing can be kept in this folder.

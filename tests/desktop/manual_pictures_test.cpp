@@ -84,9 +84,9 @@ struct ManualPictures : test::PlotSession {
     static void PlotScans(test::User& user, const MenuItem& item, const std::string& help) {
         TurnToMainWindow(user);
         ChooseItems(user, 'p', {&Menus().PlotDummy1, &item});
-        user.AwaitWindow("Plot Every Nth File");
+        user.AwaitWindow("Choose Plots");
         user.Press("Return");
-        user.AwaitNoWindow("Plot Every Nth File");
+        user.AwaitNoWindow("Choose Plots");
         AwaitPlot(user, help);
     }
     static void PlotWide(test::User& user, const MenuItem& item, const std::vector<const char*>& radii) {
@@ -105,7 +105,7 @@ struct ManualPictures : test::PlotSession {
             });
             user.Click(place);
         }
-        user.Press("Return");
+        PressButton(user, "OK");
         user.AwaitNoWindow("Radii To Plot");
         user.AwaitWindow(test::kPlotWindow);
         LetItBeDrawn(user);
@@ -250,9 +250,9 @@ TEST_F(ManualPictures, OfInterferenceScans) {
         user.Await("the pick", [] { return PlotShows("Integer Fringe Shifts") && PlotitForm().Command1.IsShown(); });
         PickRadius(user, 7.1);
         PressDone(user);
-        user.AwaitWindow("Plot Every Nth File");
+        user.AwaitWindow("Choose Plots");
         user.Press("Return");
-        user.AwaitNoWindow("Plot Every Nth File");
+        user.AwaitNoWindow("Choose Plots");
         user.AwaitWindow(test::kPlotWindow);
         LetItBeDrawn(user);
         Take(user, "interference-corrected");
@@ -280,7 +280,7 @@ TEST_F(ManualPictures, OfThreeSpeeds) {
             user.Press("Tab");
         }
         Take(user, "speeds-meniscus");
-        PressButton(user, "OK");
+        PressButton(user, "&OK");
         user.Await("the end of the dialog", [] { return QApplication::activeModalWidget() == nullptr; });
 
         TurnToMainWindow(user);

@@ -14,7 +14,7 @@ import xml.etree.ElementTree as xml
 
 TOP, METAINFO = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
 FOLDER = TOP / "packaging/desktop"
-ID = "org.halvern.Halvern"
+ID = "org.halvern.halvern"
 ENVIRONMENT = os.environ | {"LC_ALL": "C"}
 
 
@@ -30,9 +30,7 @@ class Desktop(unittest.TestCase):
     def test_the_metainfo_is_valid(self):
         checked = run("appstreamcli", "validate", "--pedantic", "--no-net", METAINFO)
         self.assertEqual(checked.returncode, 0, checked.stdout)
-        told = re.findall(r"^([EWIP]): \S+ ([\w-]+)", checked.stdout, re.MULTILINE)
-        # The last part of the name is written as the program's is.
-        self.assertEqual(told, [("P", "cid-contains-uppercase-letter")], checked.stdout)
+        self.assertEqual(re.findall(r"^[EWIP]: .*", checked.stdout, re.MULTILINE), [])
 
     def test_all_of_it_has_one_name(self):
         metainfo = xml.parse(METAINFO)

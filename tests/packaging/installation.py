@@ -20,7 +20,7 @@ PROGRAMS = [
 ]
 OTHERS = [
     "LIB/halvern/halvern-render.so",
-    "share/applications/org.halvern.Halvern.desktop",
+    "share/applications/org.halvern.halvern.desktop",
     "share/doc/halvern/README.md",
     "share/halvern/samples/README.md",
     "share/halvern/samples/interference.parameters",
@@ -30,14 +30,14 @@ OTHERS = [
     "share/halvern/samples/three-speeds.session",
     "share/halvern/samples/two-species.parameters",
     "share/halvern/samples/two-species.session",
-    "share/icons/hicolor/scalable/apps/org.halvern.Halvern.svg",
+    "share/icons/hicolor/scalable/apps/org.halvern.halvern.svg",
     "share/man/man1/halvern-replay.1.gz",
     "share/man/man1/halvern-simulate.1.gz",
     "share/man/man1/halvern.1.gz",
     "share/man/man5/halvern-list.5.gz",
     "share/man/man5/halvern-scan.5.gz",
     "share/man/man5/halvern-session.5.gz",
-    "share/metainfo/org.halvern.Halvern.metainfo.xml",
+    "share/metainfo/org.halvern.halvern.metainfo.xml",
     "share/mime/packages/halvern.xml",
 ]
 # The manual is a page or a text for each chapter; a package has its license and changelog in other forms.

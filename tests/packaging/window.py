@@ -8,7 +8,7 @@ import sys
 import tempfile
 import time
 
-ID = "org.halvern.Halvern"
+ID = "org.halvern.halvern"
 COLOUR = re.compile(r'fill="#(\w{6})"')
 SECONDS = 60
 
