@@ -37,8 +37,8 @@ struct ManualPictures : test::PlotSession {
 
     /// The list of a sample, whose scans are made as a user has them made.
     std::string List(const std::string& sample, const std::string& list) const {
-        const auto made = test::RunCommand("'" HALVERN_SAMPLES "/make' '" HALVERN_SIMULATE "' '" + samples_.string() +
-                                           "' " + sample);
+        const auto made =
+            test::RunCommand("'" HALVERN_SAMPLES "/make' '" HALVERN_SIMULATE "' '" + samples_.string() + "' " + sample);
         EXPECT_EQ(made.status, 0) << made.output;
         return (samples_ / sample / list).string();
     }
@@ -125,9 +125,8 @@ struct ManualPictures : test::PlotSession {
     }
     /// Drags a box open, in units of the axes.
     static void Zoom(test::User& user, double left, double bottom, double right, double top) {
-        const auto at = [](QPoint place) { return std::to_string(place.x()) + " " + std::to_string(place.y()); };
         const QPoint from = PixelAtData(user, left, bottom), to = PixelAtData(user, right, top);
-        user.Do("mousemove " + at(from) + " mousedown 1 mousemove " + at((from + to) / 2) + " mousemove " + at(to) +
+        user.Do(user.MoveTo(from) + " mousedown 1 " + user.MoveTo((from + to) / 2) + " " + user.MoveTo(to) +
                 " mouseup 1");
         user.Await("the zoom", [] { return PlotitForm().Menu.Zoomout.IsEnabled(); });
         LetItBeDrawn(user);

@@ -78,8 +78,7 @@ PlotSession::PlotPlace PlotSession::PlaceAtData(User& user, double x) {
 }
 
 void PlotSession::ClickWith(User& user, const std::string& keys, int button, QPoint place) {
-    user.Do("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " keydown " + keys +
-            " click " + std::to_string(button) + " keyup " + keys);
+    user.Do(user.MoveTo(place) + " keydown " + keys + " click " + std::to_string(button) + " keyup " + keys);
 }
 
 void PlotSession::PressDone(User& user) { PressButton(user, "Done"); }

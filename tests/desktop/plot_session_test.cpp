@@ -17,8 +17,6 @@
 namespace halvern {
 namespace {
 
-std::string At(QPoint place) { return std::to_string(place.x()) + " " + std::to_string(place.y()); }
-
 /// The axes of the plot as they are drawn.
 using View = std::array<float, 4>;
 View ViewNow(test::User& user) {
@@ -46,7 +44,7 @@ struct OnThePlot : test::PlotSession {
     }
     /// Drags a zoom box open in two moves; the button stays down.
     static void OpenBox(test::User& user, QPoint from, QPoint to) {
-        user.Do("mousemove " + At(from) + " mousedown 1 mousemove " + At((from + to) / 2) + " mousemove " + At(to));
+        user.Do(user.MoveTo(from) + " mousedown 1 " + user.MoveTo((from + to) / 2) + " " + user.MoveTo(to));
         user.Await("the rubber band", [to] { return SurfaceOfPlot().mapFromGlobal(to) == lastMove; });
     }
 

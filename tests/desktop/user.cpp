@@ -85,8 +85,13 @@ void User::Press(const std::string& keys) { Do("key --delay 20 " + keys); }
 
 void User::Type(const std::string& text) { Do("type --delay 12 " + Quoted(text)); }
 
-void User::Click(QPoint place) {
-    Do("mousemove " + std::to_string(place.x()) + " " + std::to_string(place.y()) + " click 1");
+void User::Click(QPoint place) { Do(MoveTo(place) + " click 1"); }
+
+std::string User::MoveTo(QPoint place) {
+    if (ratio_ == 0.0)
+        ratio_ = Look([] { return QGuiApplication::primaryScreen()->devicePixelRatio(); });
+    const QPoint pixel = (QPointF(place) * ratio_).toPoint();
+    return "mousemove " + std::to_string(pixel.x()) + " " + std::to_string(pixel.y());
 }
 
 std::string User::AwaitWindow(const std::string& title) {

@@ -32,6 +32,8 @@ class User {
     void Press(const std::string& keys);
     void Type(const std::string& text);
     void Click(QPoint place);
+    /// The move of the mouse to a place of the program's screen, in xdotool's words and in pixels of the X server.
+    std::string MoveTo(QPoint place);
 
     /// Waits until a window of the program with this title is seen, and has the keyboard. Returns its number.
     std::string AwaitWindow(const std::string& title);
@@ -71,6 +73,7 @@ class User {
     std::mutex mutex_;
     std::condition_variable news_;
     bool over_ = false;
+    double ratio_ = 0.0;  // pixels of the X server for one of the program's; asked once, when the program has time
 };
 
 /// Runs the whole program on this thread while the user acts on another one. Returns its exit status.
