@@ -165,7 +165,6 @@ void AveragePairs() {
         for (std::size_t i = 0; i < count; ++i)
             mean[i] += pair[i];
     }
-    FailUnlessFinite(mean);
     for (float& value : mean)
         value = Single(Quotient(static_cast<double>(value), static_cast<double>(S.ScanSkip)));
     std::copy(mean.begin(), mean.end(), S.AveRate.Elements().begin());

@@ -137,6 +137,9 @@ TEST_F(DcDt, FindsTheFirstGridPointAtOrBeyondTheMeniscus) {
     Store().Meniscus = std::nextafter(run.radii[0][2], 7.0F);
     KeldIt_Click();
     EXPECT_EQ(Store().FirstGridPoint, 4);
+    Store().Meniscus = run.radii[0].back();
+    KeldIt_Click();
+    EXPECT_EQ(Store().FirstGridPoint, 14) << "the last one";
 }
 
 TEST_F(DcDt, WithoutAGridPointBeyondTheMeniscusKeepsTheFormerOne) {
@@ -559,6 +562,23 @@ TEST_F(DcDt, FailsWithASignalAboveTheRange) {
     SmallRun run = EvenFall(4);
     run.signals[0][4] = 3E38F;
     run.signals[2][4] = -3E38F;
+    ExpectFailure(6, run);
+}
+
+TEST_F(DcDt, FailsWithARateAboveTheRangeInFrontOfTheMeniscusToo) {
+    SmallRun run = EvenFall(4);
+    run.signals[0][0] = 3E38F;
+    run.signals[2][0] = -3E38F;
+    ExpectFailure(6, run);
+}
+
+TEST_F(DcDt, FailsWithAnSStarAboveTheRange) {
+    SmallRun run = EvenFall(4);
+    run.speed = 1;
+    for (std::size_t k = 0; k < 4; ++k) {
+        run.times[k] = 1E-38F * static_cast<float>(k + 1);  // s* of 7.2 cm: some 1E39 s
+        run.signals[k].assign(run.signals[k].size(), 0.0F);
+    }
     ExpectFailure(6, run);
 }
 

@@ -32,7 +32,10 @@ TEST_F(FringeShift, IsPickedOnThreeScansLessTheirOffsets) {
     Jumps({0.0F, 1.0F, 0.0F, 0.0F, 2.0F});
     S.JitterOffset(2) = 0.25F;
     S.Meniscus = 6.0F;
+    plot.Show();
+    session.desktop.story.clear();
     M.DoIntShift.Click();
+    EXPECT_EQ(session.desktop.story, (std::vector<std::string>{"hide Plotit", "show Plotit"}));
     EXPECT_EQ(S.PlotHelp1, "Use <Ctrl>LMB to Set the Point to be used to correct for");
     EXPECT_EQ(S.PlotHelp2, "Integer Fringe Shifts");
     EXPECT_EQ(S.PlotXTitle, "Radius (cm)");
@@ -61,7 +64,7 @@ TEST_F(FringeShift, BringsEachScanToItsSuccessor) {
     // Scan 3 stands three fringes above scan 4: three rounds. The last scan is the anchor.
     Jumps({3.0F, -1.0F, 5.0F, 2.0F, 2.0F});
     CorrectAt(30);
-    ExpectOffsets({1.0F, -3.0F, 3.0F, 0.0F, 0.0F});
+    ExpectOffsets({1.0F, -3.0F, 3.0F, 0.0F, 0.0F, 0.0F});
     for (std::int32_t K = 1; K <= kScans; ++K)
         for (std::int32_t I = 1; I <= kPoints; ++I) {
             EXPECT_EQ(S.GridSignal(I, K), 0.0625F * static_cast<float>(I) + 2.0F);
@@ -102,6 +105,13 @@ TEST_F(FringeShift, AddsToTheJitterOffset) {
         S.JitterOffset(K) = 0.25F;
     CorrectAt(30);
     ExpectOffsets({2.25F, 0.25F, 0.25F, 0.25F, 0.25F});
+}
+
+TEST_F(FringeShift, CanBePickedAtTheLastPoint) {
+    // One of the five points lies behind the scans, where nothing is added.
+    Jumps({2.0F, 0.0F, 0.0F, 0.0F, 0.0F});
+    CorrectAt(61);
+    ExpectOffsets({2.0F, 0.0F, 0.0F, 0.0F, 0.0F});
 }
 
 TEST_F(FringeShift, AveragesFivePointsCentredOneBelowThePick) {

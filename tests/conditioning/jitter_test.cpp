@@ -89,6 +89,7 @@ TEST_F(Jitter, IsPreviewedForThreeScansWhileThePickStaysOpen) {
     EXPECT_EQ(S.PlotCount, 180);
     EXPECT_EQ(S.PlotY(1), Ramp(1, 1) - Ramp(20, 1));
     EXPECT_EQ(S.PlotY(180), Ramp(30, 5) - Ramp(20, 5));
+    EXPECT_LE(plot.YAxisMin, Ramp(1, 1) - Ramp(20, 1)) << "the axes are those of the preview";
     EXPECT_TRUE(S.PickJitterPoint && S.PickMeniscus);
     EXPECT_TRUE(plot.TestIt.IsShown() && plot.Command1.IsShown() && plot.IsShown());
     EXPECT_EQ(S.PlotHelp2, "for Interference Jitter");
@@ -150,6 +151,7 @@ TEST_F(Jitter, IsRemovedWithAllThatDependsOnIt) {
     for (MenuItem* item : closed)
         item->Enable();
     M.KeldOutGofS.Enable();
+    M.DoIntShift.Disable();
     M.NoJitterCorrection.Click();
     EXPECT_FALSE(S.JitterCorrected || S.FringeCorrected);
     for (const MenuItem* item : closed)

@@ -25,7 +25,10 @@ struct Meniscus : ::testing::Test {
 TEST_F(Meniscus, IsPickedOnTheFirstScanOfOneSpeed) {
     session.LoadSpeeds({42000, 42000, 42000, 42000});
     Store().PlotHelp2 = "what stood before";
+    plot.Show();
+    session.desktop.story.clear();
     Menus().Get_MenFromScan.Click();
+    EXPECT_EQ(session.desktop.story, (std::vector<std::string>{"hide Plotit", "show Plotit"}));
     const auto& S = Store();
     EXPECT_EQ(S.PlotHelp1, "Use <Ctrl>LMB to Set the Meniscus Position");
     EXPECT_EQ(S.PlotHelp2, "what stood before");
@@ -85,14 +88,17 @@ TEST_F(Meniscus, IsPickedSpeedBySpeed) {
     session.LoadSpeeds({42000, 42000, 30000, 30000, 42000});
     const auto before = test::ReportLines().size();
     const auto& S = Store();
+    Menus().KeldIt.Enable();
     Menus().Get_MenFromScan.Click();
     EXPECT_FALSE(Menus().KeldIt.IsEnabled());
     EXPECT_TRUE(Menus().DoWideStraight.IsEnabled());
     EXPECT_EQ(S.PlotHelp2, "First Dataset at a Speed of 42000 rpm");
     EXPECT_EQ(S.PlotSym(2), -57 - 64 * 1);
     Pick(5.9012F);
+    Store().PlotXTitle = "of a plot in between";
     plot.Command1.Click();
 
+    EXPECT_EQ(S.PlotXTitle, "Radius (cm)");
     EXPECT_TRUE(S.PickMeniscus) << "the pick goes on";
     EXPECT_TRUE(plot.IsShown());
     EXPECT_TRUE(plot.Command1.IsShown());
