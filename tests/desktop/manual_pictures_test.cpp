@@ -22,7 +22,8 @@ namespace fs = std::filesystem;
 constexpr const char* kTitle = "Title";
 
 /// The tutorial of the manual, done by a user. Each picture is taken anew from the window in front, and has to have the
-/// size and the title of the one in the manual.
+/// size and the title of the one in the manual. With a folder in HALVERN_LOOK the pictures go there, and are not held against
+/// the manual's: of other themes, fonts and densities.
 struct ManualPictures : test::PlotSession {
     /// The scans lie where a reader may have put them, if the place is free: the report shows the path.
     ManualPictures() {
@@ -43,21 +44,39 @@ struct ManualPictures : test::PlotSession {
         return (samples_ / sample / list).string();
     }
 
+    /// The window in front as the screen shows it, with its title.
+    static QImage Picture() {
+        QCoreApplication::sendPostedEvents();
+        const QWidget* window = QApplication::activeWindow();
+        const QRect place = window->frameGeometry();
+        QImage picture =
+            QApplication::primaryScreen()->grabWindow(0, place.x(), place.y(), place.width(), place.height()).toImage();
+        picture.setText(kTitle, window->windowTitle());
+        return picture;
+    }
     static void Take(test::User& user, const std::string& name) {
-        const QImage picture = user.Look([] {
-            QCoreApplication::sendPostedEvents();
-            const QRect place = QApplication::activeWindow()->frameGeometry();
-            QImage image = QApplication::primaryScreen()
-                               ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
-                               .toImage();
-            image.setText(kTitle, QApplication::activeWindow()->windowTitle());
-            return image;
-        });
-        fs::create_directories(HALVERN_PICTURES_MADE);
-        ASSERT_TRUE(picture.save(QString::fromStdString(HALVERN_PICTURES_MADE "/" + name + ".png")));
+        ExpectWholeLabels(user);
+        ExpectLegibleTexts(user);
+        const QImage picture = user.Look(Picture);
+        const fs::path folder = qEnvironmentVariable("HALVERN_LOOK", HALVERN_PICTURES_MADE).toStdString();
+        fs::create_directories(folder);
+        ASSERT_TRUE(picture.save(QString::fromStdString((folder / (name + ".png")).string())));
+        if (!qEnvironmentVariableIsSet("HALVERN_LOOK"))
+            ExpectAsInManual(picture, name);
+    }
+    static void ExpectAsInManual(const QImage& picture, const std::string& name) {
         const QImage inManual(QString::fromStdString(HALVERN_MANUAL "/pictures/" + name + ".png"));
         EXPECT_EQ(inManual.size(), picture.size()) << name;
         EXPECT_EQ(inManual.text(kTitle).toStdString(), picture.text(kTitle).toStdString()) << name;
+    }
+    /// The paper of the plot is white in every theme.
+    static void TakePlot(test::User& user, const std::string& name) {
+        EXPECT_EQ(user.Look([] {
+            const QPoint corner = SurfaceOfPlot().mapToGlobal(QPoint(SurfaceOfPlot().width() - 5, 5));
+            return QApplication::primaryScreen()->grabWindow(0, corner.x(), corner.y(), 1, 1).toImage().pixel(0, 0);
+        }),
+                  qRgb(255, 255, 255));
+        Take(user, name);
     }
 
     static void TypeMeniscus(test::User& user, const char* meniscus) {
@@ -154,14 +173,14 @@ TEST_F(ManualPictures, OfTheTwoSpecies) {
         LetItBeDrawn(user);
         Zoom(user, 5.90, 0.0, 6.00, 0.7);
         PickRadius(user, 5.95);
-        Take(user, "meniscus-pick");
+        TakePlot(user, "meniscus-pick");
         PressDone(user);
         TypeMeniscus(user, "5.95");
 
         Plot(user, 'd', {&Menus().KeldIt}, "Raw <dc/dt> vs S");
-        Take(user, "dcdt-pairs");
+        TakePlot(user, "dcdt-pairs");
         Plot(user, 'd', {&Menus().SetKeldZero}, "for correcting dc/dt");
-        Take(user, "zero-level");
+        TakePlot(user, "zero-level");
         PressDone(user);
         user.Await("the corrected plot", [] { return PlotShows("Average <dc/dt> vs S"); });
 
@@ -171,14 +190,14 @@ TEST_F(ManualPictures, OfTheTwoSpecies) {
         ClickWith(user, "ctrl", 3, PlaceAtData(user, 10.0).onScreen);
         user.Await("the upper limit", [] { return Store().DataLimitMax < 10.5F; });
         LetItBeDrawn(user);
-        Take(user, "s-limits");
+        TakePlot(user, "s-limits");
         PressDone(user);
         user.Await("the distribution", [] { return PlotShows("(un-normalized uncorrected distribution)"); });
         TurnToMainWindow(user);
         ChooseItems(user, 'p', {&Menus().PlotDummy1, &Menus().DoPlotGS});
         user.AwaitWindow(test::kPlotWindow);
         LetItBeDrawn(user);
-        Take(user, "gofs");
+        TakePlot(user, "gofs");
 
         TurnToMainWindow(user);
         ChooseItems(user, 'd', {&Menus().ShowSAve});
@@ -224,12 +243,12 @@ TEST_F(ManualPictures, OfInterferenceScans) {
         Load(user, list);
         PlotScans(user, Menus().PlotRaw, "Raw Data");
         Zoom(user, 5.90, -12.0, 7.15, 13.0);
-        Take(user, "interference-raw");
+        TakePlot(user, "interference-raw");
         TurnToMainWindow(user);
         ChooseItems(user, 'd', {&Menus().DoReAddNow});
         user.Await("the tick", [] { return Menus().DoReAddNow.IsTicked(); });
         PlotScans(user, Menus().PlotRaw, "Raw Data");
-        Take(user, "interference-readded");
+        TakePlot(user, "interference-readded");
 
         TypeMeniscus(user, "6.0");
         TurnToMainWindow(user);
@@ -239,7 +258,7 @@ TEST_F(ManualPictures, OfInterferenceScans) {
         PickRadius(user, 5.97);
         PressButton(user, "Test");
         LetItBeDrawn(user);
-        Take(user, "jitter-test");
+        TakePlot(user, "jitter-test");
         PressDone(user);
         user.Await("the correction", [] { return Menus().NoJitterCorrection.IsShown(); });
 
@@ -254,7 +273,7 @@ TEST_F(ManualPictures, OfInterferenceScans) {
         user.AwaitNoWindow("Choose Plots");
         user.AwaitWindow(test::kPlotWindow);
         LetItBeDrawn(user);
-        Take(user, "interference-corrected");
+        TakePlot(user, "interference-corrected");
         Leave(user);
     });
     EXPECT_EQ(status, 0);
@@ -285,9 +304,9 @@ TEST_F(ManualPictures, OfThreeSpeeds) {
         TurnToMainWindow(user);
         ChooseItems(user, 'd', {&Menus().DoWideStraight});
         PlotRadii(user, {"6.4", "6.6"});
-        Take(user, "wide-ln");
+        TakePlot(user, "wide-ln");
         PlotWide(user, Menus().PlotIntegralWD, {});
-        Take(user, "wide-integral");
+        TakePlot(user, "wide-integral");
         Leave(user);
     });
     EXPECT_EQ(status, 0);

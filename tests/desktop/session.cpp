@@ -1,6 +1,8 @@
 #include "desktop/session.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
@@ -10,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <filesystem>
 #include <stdexcept>
 
@@ -17,6 +20,28 @@
 #include "support/test_desktop.h"
 
 namespace halvern::test {
+
+namespace {
+
+/// The least contrast of texts that all can read: Web Content Accessibility Guidelines 2.1, criterion 1.4.3.
+constexpr double kLegible = 4.5;
+
+/// Relative luminance as defined there.
+double Luminance(const QColor& colour) {
+    const auto linear = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+double Contrast(const QColor& one, const QColor& other) {
+    const auto [dark, light] = std::minmax(Luminance(one), Luminance(other));
+    return (light + 0.05) / (dark + 0.05);
+}
+
+bool HasText(const QWidget* widget) {
+    return qobject_cast<const QLabel*>(widget) != nullptr || qobject_cast<const QAbstractButton*>(widget) != nullptr ||
+           qobject_cast<const QLineEdit*>(widget) != nullptr || qobject_cast<const QListView*>(widget) != nullptr;
+}
+
+}  // namespace
 
 Session::Session() {
     std::filesystem::create_directories(folder.Path() / "run");
@@ -127,6 +152,34 @@ void Session::PressButton(User& user, const char* caption) {
         return false;
     });
     user.Click(place);
+}
+
+void Session::ExpectWholeLabels(User& user) {
+    EXPECT_EQ(user.Look([] {
+        std::string cut;
+        for (const QLabel* label : QApplication::activeWindow()->findChildren<QLabel*>())
+            if (label->isVisible() && label->sizeHint().width() > label->width())
+                cut += label->text().toStdString() + "\n";
+        return cut;
+    }),
+              "");
+}
+
+void Session::ExpectLegibleTexts(User& user) {
+    EXPECT_EQ(user.Look([] {
+        std::string faint;
+        for (const QWidget* widget : QApplication::activeWindow()->findChildren<QWidget*>()) {
+            if (!HasText(widget) || !widget->isVisible() || !widget->isEnabled())
+                continue;
+            const QPalette& palette = widget->palette();
+            const double contrast =
+                Contrast(palette.color(widget->foregroundRole()), palette.color(widget->backgroundRole()));
+            if (contrast < kLegible)
+                faint += std::string(widget->metaObject()->className()) + " " + std::to_string(contrast) + "\n";
+        }
+        return faint;
+    }),
+              "");
 }
 
 void Session::SaveAs(User& user, const std::vector<const MenuItem*>& items, const std::string& title,

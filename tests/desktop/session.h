@@ -50,6 +50,11 @@ struct Session : ::testing::Test {
     static void SaveAs(User& user, const std::vector<const MenuItem*>& items, const std::string& title,
                        const std::string& path);
 
+    /// No label of the active window is longer than its room.
+    static void ExpectWholeLabels(User& user);
+    /// All texts of the active window that can be used stand out from what is behind them, whatever the theme.
+    static void ExpectLegibleTexts(User& user);
+
     /// Where a line of the report is on the screen; it has to be in sight. The first has number 0.
     static QPoint PlaceOfLine(User& user, int line);
     /// Where the first menu of the main window is on the screen.

@@ -85,18 +85,6 @@ struct Wide : test::PlotSession {
         const QWidget* dialog = QApplication::activeModalWidget();
         return dialog == nullptr ? QList<Widget*>() : dialog->findChildren<Widget*>();
     }
-    /// No label of the dialog that is open is longer than its room.
-    static void ExpectWholeLabels(test::User& user) {
-        EXPECT_EQ(user.Look([] {
-            std::string cut;
-            for (const QLabel* label : ChildrenOfDialog<QLabel>())
-                if (label->isVisible() && label->sizeHint().width() > label->width())
-                    cut += label->text().toStdString() + "\n";
-            return cut;
-        }),
-                  "");
-    }
-
     /// The check box of a radius, in the dialog that is open.
     static QCheckBox* BoxOf(const char* radius) {
         for (QCheckBox* box : ChildrenOfDialog<QCheckBox>())
