@@ -253,13 +253,22 @@ void ExpectOnPage(const QImage& picture, const std::filesystem::path& document) 
 }
 
 /// What the screen shows of the plot window's client area.
+QImage OnScreen(const QWidget& surface) {
+    QCoreApplication::sendPostedEvents();
+    const QRect place(surface.mapToGlobal(QPoint()), surface.size());
+    return QApplication::primaryScreen()->grabWindow(0).copy(place).toImage().convertToFormat(QImage::Format_RGB32);
+}
 QImage ClientOnScreen(test::User& user) {
-    return user.Look([] {
-        QCoreApplication::sendPostedEvents();
-        const QWidget& surface = test::PlotSession::SurfaceOfPlot();
-        const QRect place(surface.mapToGlobal(QPoint()), surface.size());
-        return QApplication::primaryScreen()->grabWindow(0).copy(place).toImage().convertToFormat(QImage::Format_RGB32);
+    return user.Look([] { return OnScreen(test::PlotSession::SurfaceOfPlot()); });
+}
+/// The same, once all of the window is drawn: on a busy machine it comes up bit by bit.
+QImage DrawnClient(test::User& user) {
+    user.Await("all of the plot", [] {
+        SurfaceView& surface = test::PlotSession::SurfaceOfPlot();
+        const QRect place(surface.mapTo(surface.window(), QPoint()), surface.size());
+        return OnScreen(surface) == surface.window()->grab(place).toImage().convertToFormat(QImage::Format_RGB32);
     });
+    return ClientOnScreen(user);
 }
 
 struct Shape {
@@ -282,7 +291,7 @@ TEST_F(Printing, LaysThePlotOnAPage) {
                            PlotitForm().Where().width == shape.width * kTwipsPerPixel;
                 });
             }
-            const QImage seen = ClientOnScreen(user);
+            const QImage seen = DrawnClient(user);
             // The menu of the command, which has covered the plot, is not on the picture.
             PrintPlot(user);
             SCOPED_TRACE(shape.name);
@@ -297,7 +306,7 @@ TEST_F(Printing, LaysThePlotOnAPage) {
 TEST_F(Printing, ShowsWhatCoversThePlot) {
     const int status = test::WithUser([&](test::User& user) {
         ShowRawRate(user);
-        const QImage before = ClientOnScreen(user);
+        const QImage before = DrawnClient(user);
         auto cover = Cover(user);
         const QImage seen = ClientOnScreen(user);
         EXPECT_EQ(seen.pixelColor(275, 300), ColourOfCover());
@@ -315,7 +324,7 @@ TEST_F(Printing, ShowsWhatCoversThePlot) {
 TEST_F(Printing, ShowsThePartOfThePlotThatIsBeyondTheScreen) {
     const int status = test::WithUser([&](test::User& user) {
         const std::string window = ShowRawRate(user);
-        const QImage whole = ClientOnScreen(user);
+        const QImage whole = DrawnClient(user);
         const QPoint before = user.Look([] { return SurfaceOfPlot().mapToGlobal(QPoint()); });
         user.Do("windowmove " + window + " 800 700");
         user.Await("the other place", [&] { return SurfaceOfPlot().mapToGlobal(QPoint()) != before; });
