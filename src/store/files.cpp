@@ -56,20 +56,13 @@ void AllowManyOpenFiles() {
     static_cast<void>(::setrlimit(RLIMIT_NOFILE, &limit));
 }
 
-/// The path as the system's calls take it; a text that holds a zero byte is the name of no file.
-std::string PathOf(std::string_view name) {
-    if (name.empty() || name.find('\0') != std::string_view::npos)
-        Fail(FailureCode::kFileNotFound, std::string(name));
-    return std::string(name);
-}
-
 template <class File>
 void OpenAs(std::int16_t number, std::string_view name) {
     static const bool limitRaised = (AllowManyOpenFiles(), true);
     static_cast<void>(limitRaised);
     if (IsTaken(number))
         Fail(FailureCode::kFileAlreadyOpen);
-    PlaceOf(number) = std::make_unique<File>(PathOf(name));
+    PlaceOf(number) = std::make_unique<File>(std::string(name));
 }
 
 }  // namespace

@@ -136,6 +136,14 @@ TEST_F(SetMultiMenFTest, DisablesDcDtThatWasOffered) {
     EXPECT_FALSE(Menus().KeldIt.IsEnabled());
 }
 
+TEST_F(SetMultiMenFTest, OffersTheCorrectionsOfInterferenceData) {
+    session.LoadSpeeds({42000, 42000, 30000, 30000}, {.type = 'P'});
+    EXPECT_FALSE(Menus().SetJitterLimits.IsEnabled());
+    InDialog([](SetMultiMenF& dialog) { dialog.JustDoIt.Click(); });
+    EXPECT_TRUE(Menus().SetJitterLimits.IsEnabled());
+    EXPECT_TRUE(Menus().DoIntShift.IsEnabled());
+}
+
 TEST_F(SetMultiMenFTest, HasTwelveRowsOfALabelAndABoxAndIsCancelledByEscape) {
     SetMultiMenF dialog;
     std::vector<std::string> names;

@@ -14,7 +14,8 @@ Test = collections.namedtuple("Test", "program name file command")
 
 # From the ground up; a mutant meets the tests of its own room first.
 PROGRAMS = ["store_test", "conditioning_test", "analysis_test", "wide_test", "output_test", "intake_test", "plot_test",
-            "shell_test", "replay_test", "physics_test", "three_speeds_test"]
+            "shell_test", "replay_test", "physics_test", "three_speeds_test", "refused_calls_test", "odd_files_test",
+            "torture_test"]
 TARGETS = [*PROGRAMS, "replay_make_data"]
 
 SLOW, VERY_SLOW = 0.5, 5.0  # seconds

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -35,6 +36,26 @@ TEST_F(FileCalls, MakeAFileOfBytes) {
     EXPECT_EQ(Message(ReplaceFile("new.bin", bytes)), "");
     EXPECT_EQ(Content("new.bin"), bytes);
     EXPECT_EQ(EntriesHere(), 1) << "nothing else is left";
+}
+
+TEST_F(FileCalls, TakeNoOldInterruptionForANewOne) {
+    folder.Write("empty.bin", "");
+    const OpenedFile file = OpenForReading("empty.bin");
+    std::array<char, 8> room{};
+    errno = EINTR;  // of a call long ago
+    const Transfer read = ReadFrom(file.descriptor, room);
+    EXPECT_FALSE(read.error);
+    EXPECT_EQ(read.bytes, 0U);
+    ::close(file.descriptor);
+}
+
+TEST_F(FileCalls, OpenAFileInAProgramWithoutStandardInput) {
+    folder.Write("a.bin", "a");
+    ::close(STDIN_FILENO);
+    errno = ENOENT;  // of a call long ago
+    const OpenedFile file = OpenForReading("a.bin");
+    EXPECT_EQ(file.descriptor, STDIN_FILENO);
+    EXPECT_FALSE(file.error);
 }
 
 TEST_F(FileCalls, GiveANewFileThePermissionsOfTheUsersChoice) {
