@@ -200,6 +200,17 @@ TEST_F(WideDistributionTest, KeepsTheColumnsOfARadiusThatIsLeftOut) {
     EXPECT_EQ(S.WDGofS(31, 11), kept);
 }
 
+TEST_F(WideDistributionTest, TakesAGridPointThatLiesAtTheRadius) {
+    MakeScans(45);
+    for (std::int32_t K = 1; K <= 45; ++K)
+        S.ScanData(700, 1, K) = 6.4999995F;  // the nominal 6.5 cm
+    Calculate();
+    // s* midway between the last two scans.
+    const double ratio = std::log(static_cast<double>(6.4999995F / 5.9F));
+    const auto sOf = [&](std::int32_t K) { return static_cast<float>(ratio / S.ScanW2t(K)); };
+    EXPECT_EQ(S.WDSValue(2, 6), static_cast<float>((static_cast<double>(sOf(45)) + sOf(44)) * 0.5 * 1E13));
+}
+
 // The nominal 6.5 cm is a single just under it: a scan that ends there does not reach it, the next single does.
 TEST_F(WideDistributionTest, NeedsScansThatGoOnBeyondARadius) {
     MakeScans(45);
