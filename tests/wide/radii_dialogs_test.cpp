@@ -121,6 +121,7 @@ std::vector<double> IntegralByHand(std::int32_t K, std::int32_t N) {
 
 TEST_F(RadiiDialogs, PlotTheIntegralOverLnSOfEachPoint) {
     AnswerOk({3}, {5});
+    S.WDGofS(2, 4) = 0.5F;  // as if something sedimented there too
     PlotIntegralWD_Click();
     const auto integral = IntegralByHand(4, 45);
     for (std::int32_t J = 2; J <= 45; ++J) {
