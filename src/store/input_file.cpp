@@ -76,7 +76,7 @@ void InputFile::MakeRoom() {
 
 /// The buffer is full and holds no line end: keeps its first part, and passes over the rest of the line.
 std::string_view InputFile::TakeCut() {
-    const std::string kept(buffer_.get() + next_, kLongestLine);
+    const std::string kept(buffer_.get(), kLongestLine);
     const char* newline = nullptr;
     do {
         next_ = end_;

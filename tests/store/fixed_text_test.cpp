@@ -90,6 +90,16 @@ TEST(CharacterLength, IsThatOfAWellFormedSequence) {
         {"\xE0\x80\x80", 1},
         {"\xED\xA0\x80", 1},      // half of a pair
         {"\xF4\x90\x80\x80", 1},  // above the last character
+        // The first and the last of each length, and the neighbours of the halves of pairs.
+        {"\xC2\x80", 2},
+        {"\xDF\xBF", 2},
+        {"\xE0\xA0\x80", 3},
+        {"\xED\x9F\xBF", 3},
+        {"\xED\xBF\xBF", 1},
+        {"\xEE\x80\x80", 3},
+        {"\xEF\xBF\xBF", 3},
+        {"\xF0\x90\x80\x80", 4},
+        {"\xF4\x8F\xBF\xBF", 4},
         {"\xF8\x88\x80\x80\x80", 1},
     };
     for (const auto& c : kCases)

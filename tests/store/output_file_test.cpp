@@ -34,6 +34,12 @@ TEST_F(OutputFileTest, EndsEveryLineWithCarriageReturnAndLineFeed) {
     EXPECT_EQ(Content("out.txt"), "first\r\n\r\n \xFFlast \r\n");
 }
 
+TEST_F(OutputFileTest, IsWholeInAProgramWithoutStandardInput) {
+    ::close(STDIN_FILENO);  // its number is taken by the next file that is opened
+    OutputFile("out.txt").WriteLine("a line");
+    EXPECT_EQ(Content("out.txt"), "a line\r\n");
+}
+
 TEST_F(OutputFileTest, ReplacesAnOldFile) {
     folder.Write("out.txt", "a longer text than the new one");
     OutputFile("out.txt").WriteLine("new");

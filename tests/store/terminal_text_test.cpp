@@ -18,8 +18,11 @@ TEST(OnTerminal, ShowsWhatWouldCommandTheTerminalByItsBytes) {
                          "exe"),
               R"(gpj.\xe2\x80\xaeexe)");  // right-to-left override
     EXPECT_EQ(OnTerminal("\xE2\x81\xA6|\xE2\x80\xA8"), R"(\xe2\x81\xa6|\xe2\x80\xa8)");
+    EXPECT_EQ(OnTerminal("\xC2\x9F|\xE2\x81\xA9"), R"(\xc2\x9f|\xe2\x81\xa9)") << "the last of their kind";
     EXPECT_EQ(OnTerminal("caf\xE9.RA1"), R"(caf\xe9.RA1)");
-    EXPECT_EQ(OnTerminal("\xC2\xA0|\xE2\x80\xA7|\xE2\x80\xAF"), "\xC2\xA0|\xE2\x80\xA7|\xE2\x80\xAF") << "neighbours";
+    EXPECT_EQ(OnTerminal("\xC2\xA0|\xE2\x80\xA7|\xE2\x80\xAF|\xE2\x81\xAA"),
+              "\xC2\xA0|\xE2\x80\xA7|\xE2\x80\xAF|\xE2\x81\xAA")
+        << "neighbours";
 }
 
 }  // namespace

@@ -67,6 +67,15 @@ TEST(Val, StopsAtTheFirstCharacterThatCannotGoOnWithTheNumber) {
     ExpectValues(kCases);
 }
 
+TEST(Val, EndsWithItsText) {
+    const std::string_view longer("12.5E34");
+    EXPECT_EQ(Val(longer.substr(0, 6)), 12.5E3);
+    EXPECT_EQ(ValGeneral(longer.substr(0, 6)), 12.5E3);
+    EXPECT_EQ(ValGeneral(longer.substr(0, 3)), 12.0);
+    EXPECT_EQ(ValGeneral(longer.substr(0, 1)), 1.0);
+    EXPECT_EQ(ValGeneral(longer.substr(0, 0)), 0.0);
+}
+
 TEST(Val, IsZeroWhereNoNumberStarts) {
     constexpr ValCase kCases[] = {
         {"", 0.0},    {" ", 0.0},   {"rpm", 0.0}, {".", 0.0},    {"-", 0.0},   {"+", 0.0},

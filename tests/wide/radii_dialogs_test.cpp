@@ -121,7 +121,10 @@ std::vector<double> IntegralByHand(std::int32_t K, std::int32_t N) {
 
 TEST_F(RadiiDialogs, PlotTheIntegralOverLnSOfEachPoint) {
     AnswerOk({3}, {5});
+    S.WDGofS(2, 4) = 0.5F;  // as if something sedimented there too
+    plot.Hide();
     PlotIntegralWD_Click();
+    EXPECT_TRUE(plot.IsShown());
     const auto integral = IntegralByHand(4, 45);
     for (std::int32_t J = 2; J <= 45; ++J) {
         EXPECT_EQ(S.PlotX(J - 1), static_cast<float>(std::log(static_cast<double>(S.WDSValue(J, 4)))));

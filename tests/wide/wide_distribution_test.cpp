@@ -179,6 +179,9 @@ TEST_F(WideDistributionTest, HoldsRadiusKAgainstTheMeniscusOfScanK) {
     Calculate();
     EXPECT_FALSE(S.WDRadiusValid(4)) << "6.3 cm against the meniscus of scan 4";
     EXPECT_TRUE(S.WDRadiusValid(5)) << "though scan 20 begins far beyond it";
+    S.ScanMeniscus(5) = S.WDRadius(5);
+    Calculate();
+    EXPECT_FALSE(S.WDRadiusValid(5)) << "at the meniscus itself s* is 0";
 }
 
 TEST_F(WideDistributionTest, HoldsRadiiBeyondTheLastScanAgainstTheDefaultMeniscus) {
@@ -198,6 +201,17 @@ TEST_F(WideDistributionTest, KeepsTheColumnsOfARadiusThatIsLeftOut) {
     Calculate();
     EXPECT_FALSE(S.WDRadiusValid(11));
     EXPECT_EQ(S.WDGofS(31, 11), kept);
+}
+
+TEST_F(WideDistributionTest, TakesAGridPointThatLiesAtTheRadius) {
+    MakeScans(45);
+    for (std::int32_t K = 1; K <= 45; ++K)
+        S.ScanData(700, 1, K) = 6.4999995F;  // the nominal 6.5 cm
+    Calculate();
+    // s* midway between the last two scans.
+    const double ratio = std::log(static_cast<double>(6.4999995F / 5.9F));
+    const auto sOf = [&](std::int32_t K) { return static_cast<float>(ratio / S.ScanW2t(K)); };
+    EXPECT_EQ(S.WDSValue(2, 6), static_cast<float>((static_cast<double>(sOf(45)) + sOf(44)) * 0.5 * 1E13));
 }
 
 // The nominal 6.5 cm is a single just under it: a scan that ends there does not reach it, the next single does.
@@ -259,6 +273,7 @@ TEST_F(AbsorbanceWideDistribution, IsWorkedOnAGridOfItsOwn) {
     // At 6.5 cm the scan's point is (6.5 - 5.85 - 1E-5 K) / 0.003.
     for (const std::int32_t K : {1, 15, 30})
         EXPECT_NEAR(S.GridSignal(700, K), K + 0.25 * (0.65 - 1E-5 * K) / 0.003, 1E-3);
+    EXPECT_NEAR(S.GridSignal(1250, 5), 5.0 + 0.25 * (1.25 - 0.05 - 5E-5) / 0.003, 1E-3) << "the last point";
     EXPECT_NEAR(S.GridRadius(700), 6.5F, 1E-6F);
 }
 

@@ -140,6 +140,9 @@ TEST_F(WideFiles, WriteLogarithmsAndProducts) {
 
 TEST_F(WideFiles, WriteTheIntegralOverMiddles) {
     KeepRadii({4, 7});
+    for (std::int32_t K = 1; K <= 11; ++K)
+        for (std::int32_t J = 2; J <= 45; ++J)
+            S.WDIntegral(J, K, 1) = S.WDIntegral(J, K, 2) = 42.0F;  // of an earlier one
     const Lines lines = Written(DoIntegralWD_Click);
     EXPECT_EQ(desktop.fileDialogs.back().title, "Integral Of [s* x g(s*)] vs Ln(s*) - Output");
     EXPECT_EQ(lines[7], " Integral of [s* x g(s*)] vs Ln(s*) ");
@@ -157,7 +160,10 @@ TEST_F(WideFiles, WriteTheIntegralOverMiddles) {
         EXPECT_NEAR(std::atof(row.substr(27, 11).c_str()), S.WDIntegral(J, 7, 2), 0.001 * S.WDIntegral(J, 7, 2));
         EXPECT_NEAR(std::atof(row.substr(38, 11).c_str()), integral, 0.0006 * std::fabs(integral) + 1E-5);
     }
-    EXPECT_EQ(S.WDIntegral(20, 5, 1), 0.0F) << "radii that are not valid are cleared";
+    for (const std::int32_t K : {1, 5, 11})
+        for (std::int32_t J = 2; J <= 45; ++J)
+            EXPECT_TRUE(S.WDIntegral(J, K, 1) == 0.0F && S.WDIntegral(J, K, 2) == 0.0F)
+                << "radii that are not valid are cleared";
 }
 
 TEST_F(WideFiles, TellOfALogarithmOfNothingAndKeepWhatWasWritten) {
