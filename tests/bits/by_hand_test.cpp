@@ -25,16 +25,10 @@ namespace {
 
 using Series = std::vector<float>;
 
-std::string ContentOf(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    EXPECT_TRUE(in) << path;
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 /// Writes the scans of a sample into the current folder.
 void Simulate(const std::string& parametersFile) {
     simulate::Parameters parameters;
-    simulate::ReadParameters(parameters, ContentOf(parametersFile), parametersFile);
+    simulate::ReadParameters(parameters, test::ContentOf(parametersFile), parametersFile);
     simulate::Check(parameters);
     simulate::WriteScans(parameters, simulate::RunExperiment(parameters), ".");
 }

@@ -6,13 +6,12 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "desktop/plot_session.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/data_files.h"
 
 namespace halvern {
 namespace {
@@ -41,10 +40,6 @@ struct Analysis : test::PlotSession {
         user.Press("y");
         user.AwaitNoWindow(title);
         user.AwaitWindow("Halvern V0.99");
-    }
-    static std::string ContentOf(const std::filesystem::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
 };
 
@@ -148,9 +143,9 @@ TEST_F(Analysis, OfTheSampleComesOutAsInItsReplay) {
     ASSERT_TRUE(replay.waitForFinished(60000));
     EXPECT_EQ(replay.exitCode(), 0) << replay.readAllStandardError().toStdString();
     for (const std::string name : {"dcdt", "gofs"}) {
-        const std::string byHand = ContentOf(folder.Path() / (name + "-by-hand.txt"));
+        const std::string byHand = test::ContentOf(folder.Path() / (name + "-by-hand.txt"));
         EXPECT_GT(byHand.size(), 1000U);
-        EXPECT_EQ(byHand, ContentOf(folder.Path() / (name + "-by-replay.txt")));
+        EXPECT_EQ(byHand, test::ContentOf(folder.Path() / (name + "-by-replay.txt")));
     }
     const std::string told = replay.readAllStandardOutput().toStdString();
     EXPECT_NE(told.find("plot: DataLimitMin " + NineDigits(lowerLimit) + "\n"), std::string::npos) << told;

@@ -6,14 +6,13 @@
 
 #include <cmath>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "desktop/plot_session.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/data_files.h"
 
 namespace halvern {
 namespace {
@@ -49,10 +48,7 @@ std::string WriteInterferenceScans(const test::DataFolder& folder) {
 }
 
 struct Interference : test::PlotSession {
-    std::string Content(const char* name) const {
-        std::ifstream in(folder.Path() / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string Content(const char* name) const { return test::ContentOf(folder.Path() / name); }
     PlotPlace PickRadius(test::User& user, double radius) {
         const PlotPlace place = PlaceAtData(user, radius);
         ClickWith(user, "ctrl", 1, place.onScreen);

@@ -4,7 +4,6 @@
 #include <QPushButton>
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -12,6 +11,7 @@
 #include "desktop/session.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/data_files.h"
 #include "support/test_desktop.h"
 
 namespace halvern {
@@ -89,8 +89,7 @@ struct ListFile : test::Session {
         user.Await(line, [=] { return test::ReportLines().back() == line; });
     }
     static Lines LinesOf(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(in), {}};
+        const std::string text = test::ContentOf(file);
         Lines lines;
         for (std::size_t place = 0, end = 0; (end = text.find("\r\n", place)) != std::string::npos; place = end + 2)
             lines.push_back(text.substr(place, end - place));

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 
@@ -12,6 +11,7 @@
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
 #include "store/val.h"
+#include "support/data_files.h"
 
 namespace halvern {
 namespace {
@@ -40,10 +40,6 @@ struct PlotFiles : test::PlotSession {
         user.Press("Return");
         user.AwaitNoWindow(kSaveDialog);
         user.AwaitWindow(test::kPlotWindow);
-    }
-    static std::string ContentOf(const fs::path& file) {
-        std::ifstream in(file, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
     }
     static fs::path CurrentFolder(test::User& user) {
         return user.Look([] { return fs::current_path(); });
@@ -77,7 +73,7 @@ TEST_F(PlotFiles, HoldThePictureAsABitmap) {
         const QImage picture = user.Look([] { return SurfaceOfPlot().Surface().Image().copy(); });
         Uncover(user, cover);
 
-        const std::string bytes = ContentOf(file);
+        const std::string bytes = test::ContentOf(file);
         EXPECT_GT(bytes.size(), 54U);
         EXPECT_EQ(bytes.substr(0, 2), "BM");
         EXPECT_EQ(NumberAt(bytes, 2, 4), static_cast<int>(bytes.size()));
@@ -125,7 +121,7 @@ TEST_F(PlotFiles, HoldThePointsAndTheNextDialogOpensInTheirFolder) {
         EXPECT_EQ(CurrentFolder(user), start);
         EXPECT_TRUE(user.Look([] { return QGuiApplication::overrideCursor() == nullptr; }));
 
-        const std::string text = ContentOf(folder.Path() / "plots" / "raw.dat");
+        const std::string text = test::ContentOf(folder.Path() / "plots" / "raw.dat");
         EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 5 + user.Look([] { return Store().PlotCount; }));
         const auto from = [&](std::size_t line) {
             std::size_t place = 0;
@@ -136,7 +132,7 @@ TEST_F(PlotFiles, HoldThePointsAndTheNextDialogOpensInTheirFolder) {
         EXPECT_EQ(from(2).substr(0, 81), "Raw <dc/dt> vs S" + std::string(64, ' ') + "!");
         EXPECT_EQ(from(3), " S (Svedbergs)");
         EXPECT_EQ(Val(from(5)), user.Look([] { return Store().PlotCount; }));
-        EXPECT_NE(ContentOf(folder.Path() / "plots" / "again.txt"), "");
+        EXPECT_NE(test::ContentOf(folder.Path() / "plots" / "again.txt"), "");
         Leave(user);
     });
     EXPECT_EQ(status, 0);

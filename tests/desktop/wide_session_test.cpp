@@ -8,8 +8,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "desktop/plot_session.h"
@@ -17,6 +15,7 @@
 #include "shell/version.h"
 #include "store/analysis_store.h"
 #include "store/menus.h"
+#include "support/data_files.h"
 
 namespace halvern {
 namespace {
@@ -68,10 +67,7 @@ std::string WriteScans(const test::DataFolder& folder) {
 
 struct Wide : test::PlotSession {
     std::string PathOf(const std::string& name) const { return (folder.Path() / name).string(); }
-    std::string Content(const std::string& name) const {
-        std::ifstream in(folder.Path() / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string Content(const std::string& name) const { return test::ContentOf(folder.Path() / name); }
 
     static void AnswerBox(test::User& user, const char* title, const char* key) {
         user.AwaitWindow(title);

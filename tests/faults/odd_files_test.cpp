@@ -13,7 +13,6 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -22,6 +21,7 @@
 #include "store/file_calls.h"
 #include "store/files.h"
 #include "store/menus.h"
+#include "support/data_files.h"
 #include "support/failure.h"
 #include "support/test_desktop.h"
 #include "ui/desktop.h"
@@ -30,7 +30,7 @@ namespace halvern {
 namespace {
 
 namespace fs = std::filesystem;
-using test::Content;
+using test::ContentOf;
 using test::Word;
 
 constexpr const char* kTableFault =
@@ -67,7 +67,7 @@ struct OddFiles : ::testing::Test {
     std::string SaveTo(const std::string& path) { return rig.Do("click RawDataOut\nchoose " + Word(path) + "\n"); }
     std::string Table() {
         EXPECT_EQ(SaveTo((rig.data / "table.txt").string()), "");
-        return Content(rig.data / "table.txt");
+        return ContentOf(rig.data / "table.txt");
     }
     static bool Reported(const std::string& line) {
         const auto lines = test::ReportLines();
@@ -109,7 +109,7 @@ TEST_F(OddFiles, ATableIsWrittenUnderAnOddName) {
     names.push_back("trailing blanks  ");
     for (const std::string& name : names) {
         EXPECT_EQ(SaveTo((rig.out / name).string()), "") << testing::PrintToString(name);
-        EXPECT_EQ(Content(rig.out / name), whole) << testing::PrintToString(name);
+        EXPECT_EQ(ContentOf(rig.out / name), whole) << testing::PrintToString(name);
     }
     EXPECT_EQ(std::distance(fs::directory_iterator(rig.out), {}), std::ssize(names))
         << "under these names and no other";
@@ -152,7 +152,7 @@ TEST_F(OddFiles, WhatIsNoFileTakesNoTable) {
         EXPECT_EQ(SaveTo(name), kTableFault) << name;
     EXPECT_EQ(rig.Pointer(), kPointerNormal);
     EXPECT_EQ(SaveTo("dangling"), "");
-    EXPECT_EQ(Content("nothing"), Table());
+    EXPECT_EQ(ContentOf("nothing"), Table());
 }
 
 // Everything that happens between the look for the files and their reading happens in this pass through the queue.
@@ -224,7 +224,7 @@ TEST_F(OddFiles, TheCurrentFolderMayGoAway) {
     fs::remove(rig.out / "gone");
     EXPECT_EQ(rig.Do("click RawDataOut\nchoose table.txt\n"), "the current directory is gone");
     EXPECT_EQ(SaveTo((rig.out / "table.txt").string()), "");
-    EXPECT_EQ(Content(rig.out / "table.txt"), whole);
+    EXPECT_EQ(ContentOf(rig.out / "table.txt"), whole);
 }
 
 /// The superuser may do everything; here is somebody who may not.
@@ -247,7 +247,7 @@ TEST_F(OddFiles, AFolderThatIsNotTheUsersTakesNoTable) {
         EXPECT_EQ(SaveTo("/proc/new.txt"), kTableFault);
     }
     fs::permissions(rig.out, fs::perms(0755));
-    EXPECT_EQ(Content(rig.out / "old.txt"), "kept");
+    EXPECT_EQ(ContentOf(rig.out / "old.txt"), "kept");
     EXPECT_FALSE(fs::exists(rig.out / "new.txt"));
 }
 
@@ -286,10 +286,10 @@ TEST_F(OddFiles, ALimitOnTheSizeOfFilesIsToldLikeAFullDisk) {
     const std::string whole = Table();
     LimitFileSize(500);
     EXPECT_EQ(SaveTo((rig.out / "table.txt").string()), kTableFault);
-    EXPECT_EQ(Content(rig.out / "table.txt"), whole.substr(0, 500));
+    EXPECT_EQ(ContentOf(rig.out / "table.txt"), whole.substr(0, 500));
     LimitFileSize(RLIM_INFINITY);
     EXPECT_EQ(SaveTo((rig.out / "table.txt").string()), "");
-    EXPECT_EQ(Content(rig.out / "table.txt"), whole);
+    EXPECT_EQ(ContentOf(rig.out / "table.txt"), whole);
 }
 
 // A disk that is really full. Only the superuser may mount one; for others the device that is always full and the limit
@@ -305,10 +305,10 @@ TEST_F(OddFiles, ASmallDiskFillsUpAndTakesTheFileWhenThereIsRoom) {
     } const mounted{rig.out};
     rig.folder.Write("out/filling", std::string(8000, 'x'));
     EXPECT_EQ(SaveTo((rig.out / "table.txt").string()), kTableFault);
-    EXPECT_TRUE(whole.starts_with(Content(rig.out / "table.txt")));
+    EXPECT_TRUE(whole.starts_with(ContentOf(rig.out / "table.txt")));
     fs::remove(rig.out / "filling");
     EXPECT_EQ(SaveTo((rig.out / "table.txt").string()), "");
-    EXPECT_EQ(Content(rig.out / "table.txt"), whole);
+    EXPECT_EQ(ContentOf(rig.out / "table.txt"), whole);
 }
 
 // The list, then each scan: every call of the load fails once, and the load that follows has all scans.

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <initializer_list>
 #include <iterator>
 
@@ -23,11 +22,6 @@ struct RefusedCalls : ::testing::Test {
     static constexpr const char* kOld = "a longer text than the new one";
     test::DataFolder folder;
 
-    static std::string Content(const fs::path& name) {
-        std::ifstream in(name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
-
     /// The message of ReplaceFile, with the fault.
     static std::string Replace(const std::string& name, const test::FaultPlan& plan) {
         test::BeginFaults(fs::current_path().string(), plan);
@@ -40,12 +34,12 @@ struct RefusedCalls : ::testing::Test {
         for (const int error : errors) {
             folder.Write("old.bin", kOld);
             EXPECT_EQ(Replace("old.bin", {.call = call, .error = error}), "") << error;
-            EXPECT_EQ(Content("old.bin"), "new") << error;
+            EXPECT_EQ(test::ContentOf("old.bin"), "new") << error;
         }
     }
 
     void ExpectOnlyTheOldFile() const {
-        EXPECT_EQ(Content("old.bin"), kOld);
+        EXPECT_EQ(test::ContentOf("old.bin"), kOld);
         EXPECT_EQ(std::distance(fs::directory_iterator("."), {}), 1);
     }
 };
@@ -66,7 +60,7 @@ TEST_F(RefusedCalls, OfACloseThatFailsLeaveTheOldFile) {
 
 TEST_F(RefusedCalls, OfACloseThatASignalInterruptsHaveClosedTheFile) {
     EXPECT_EQ(Replace("old.bin", {.call = kClose, .fault = test::Fault::kInterrupted}), "");
-    EXPECT_EQ(Content("old.bin"), "new");
+    EXPECT_EQ(test::ContentOf("old.bin"), "new");
 }
 
 TEST_F(RefusedCalls, OfAWriteThatTakesNothingAreFaultsOfTheDevice) {
@@ -96,7 +90,7 @@ TEST_F(RefusedCalls, OfTheFirstFileOfANameMakeNone) {
 
 TEST_F(RefusedCalls, TryAnotherNameWhereOneIsTaken) {
     EXPECT_EQ(Replace("old.bin", {.call = kOpen, .error = EEXIST}), "");
-    EXPECT_EQ(Content("old.bin"), "new");
+    EXPECT_EQ(test::ContentOf("old.bin"), "new");
 }
 
 TEST_F(RefusedCalls, EndWhereEveryNameIsTaken) {

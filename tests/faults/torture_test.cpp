@@ -9,12 +9,13 @@
 
 #include "faults/rig.h"
 #include "store/files.h"
+#include "support/data_files.h"
 #include "ui/desktop.h"
 
 namespace halvern {
 namespace {
 
-using test::Content;
+using test::ContentOf;
 using test::Fault;
 using test::FaultPlan;
 
@@ -84,7 +85,7 @@ struct Torture : ::testing::TestWithParam<Command> {
     std::string whole;
     int faults = 0;
 
-    std::string Now() const { return WithoutTime(Content(file), command.name); }
+    std::string Now() const { return WithoutTime(ContentOf(file), command.name); }
 
     void WriteWhole() {
         std::filesystem::remove(file);
@@ -112,7 +113,7 @@ struct Torture : ::testing::TestWithParam<Command> {
         EXPECT_EQ(told, command.told);
         EXPECT_EQ(rig.Pointer(), call > 1 ? command.pointer : kPointerNormal);
         if (call == 1 || command.keepsOld)
-            EXPECT_TRUE(Content(file) == kOld) << "the old file is lost";
+            EXPECT_TRUE(ContentOf(file) == kOld) << "the old file is lost";
         else
             EXPECT_TRUE(whole.starts_with(Now())) << Now().size() << " of " << whole.size() << " bytes";
         return true;
@@ -171,7 +172,7 @@ TEST_P(Torture, ACancelledDialogLeavesTheOldFile) {
     EXPECT_EQ(rig.DoWith({}, rig.out, cancelled + "cancel\n"), "");
     EXPECT_EQ(rig.Calls(), 0);
     EXPECT_EQ(rig.Pointer(), kPointerNormal);
-    EXPECT_EQ(Content(file), kOld);
+    EXPECT_EQ(ContentOf(file), kOld);
 }
 
 // A file that a fault interrupted is still open when the user has made room and saves another table under its name.
@@ -185,7 +186,7 @@ TEST_P(Torture, WhatAFaultLeftOverNeverEntersALaterFile) {
         rig.DoWith({.call = call, .error = ENOSPC, .fault = Fault::kHalfTaken, .forGood = true}, rig.out, lines);
         EXPECT_EQ(rig.Do(another + test::Word(file.string()) + "\n"), "");
         FlushOpenFiles();
-        EXPECT_TRUE(Content(file) == Content(rig.out / "another.txt")) << "call " << call;
+        EXPECT_TRUE(ContentOf(file) == ContentOf(rig.out / "another.txt")) << "call " << call;
     }
 }
 
@@ -196,7 +197,7 @@ struct RenderTorture : ::testing::TestWithParam<std::string> {
 
     /// A document tells its time, so that its size can change by a few bytes.
     void IsAPictureOf(std::size_t size) const {
-        EXPECT_NEAR(static_cast<double>(Content(file).size()), static_cast<double>(size), 16.0);
+        EXPECT_NEAR(static_cast<double>(ContentOf(file).size()), static_cast<double>(size), 16.0);
     }
 
     /// One run with a call that fails. Result: whether there was such a call.
@@ -214,7 +215,7 @@ struct RenderTorture : ::testing::TestWithParam<std::string> {
             return true;
         }
         EXPECT_EQ(told, file.string() + " can't be written: " + std::generic_category().message(variant.error));
-        EXPECT_TRUE(Content(file) == kOld) << "the old file is lost";
+        EXPECT_TRUE(ContentOf(file) == kOld) << "the old file is lost";
         return true;
     }
 };
@@ -226,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(OfEveryKind, RenderTorture, ::testing::Values("png", "s
 TEST_P(RenderTorture, TheOldPictureStaysUntilTheNewOneIsWhole) {
     rig.Analyse();
     ASSERT_EQ(rig.DoWith({}, rig.out, lines), "");
-    const std::size_t size = Content(file).size();
+    const std::size_t size = ContentOf(file).size();
     ASSERT_GT(size, 1000U);
     int faults = 0;
     for (const Variant& variant : kVariants)

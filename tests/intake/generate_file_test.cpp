@@ -13,6 +13,7 @@
 #include "store/files.h"
 #include "store/menus.h"
 #include "store/report.h"
+#include "support/data_files.h"
 #include "support/failure.h"
 #include "support/session.h"
 
@@ -209,8 +210,7 @@ TEST_F(ListGenerator, KeepsAnExistingListIfTheUserSaysNo) {
     EXPECT_EQ(question.title, "Replace File?");
     EXPECT_EQ(question.style, 276);
     EXPECT_EQ(ReportEnd(), "Old file exists!  C1_1-2_I1.LST NOT Replaced!");
-    std::ifstream in("C1_1-2_I1.LST");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "mine");
+    EXPECT_EQ(test::ContentOf("C1_1-2_I1.LST"), "mine");
 }
 
 TEST_F(ListGenerator, ReplacesAnExistingListIfTheUserSaysYesAndCloses) {

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "analysis/g_of_s.h"
 #include "analysis/small_run.h"
@@ -15,11 +13,6 @@
 
 namespace halvern {
 namespace {
-
-std::string Content(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 /// Points of 1 to 5 Svedbergs; 2, 3 and 4 lie between the limits.
 struct GOfSFiles : ::testing::Test {
@@ -113,10 +106,10 @@ TEST_F(GOfSFiles, HoldTheCorrectedRate) {
     Choose(path);
     const auto before = test::MenuStates();
     KeldOutCorrected_Click();
-    EXPECT_EQ(Content(path), std::string(kHead) + kRateHeading +
-                                 "    2.0000E+00    3.1416E+00    6.4200E-03\r\n"
-                                 "    3.0000E+00   -1.0000E-03    9.6300E-03\r\n"
-                                 "    4.0000E+00    0.0000E+00    1.2840E-02\r\n");
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kRateHeading +
+                                         "    2.0000E+00    3.1416E+00    6.4200E-03\r\n"
+                                         "    3.0000E+00   -1.0000E-03    9.6300E-03\r\n"
+                                         "    4.0000E+00    0.0000E+00    1.2840E-02\r\n");
     ExpectDialog("Keld (corrected) Output");
     EXPECT_TRUE(desktop.messages.empty());
     EXPECT_EQ(Store().OutFileName, path);
@@ -129,10 +122,10 @@ TEST_F(GOfSFiles, HoldTheDistributionsAndTheirAverages) {
     Choose(path);
     const auto before = test::MenuStates();
     KeldOutGofS_Click();
-    EXPECT_EQ(Content(path), std::string(kHead) + kAverages + kDistributionHeading +
-                                 "    2.0000E+00    2.0000E+00    5.0000E-01    1.0000E+00    2.0000E+00\r\n"
-                                 "    3.0000E+00    4.0000E+00    5.0000E-01    2.0000E+00    6.0000E+00\r\n"
-                                 "    4.0000E+00    2.0000E+00    5.0000E-01    1.0000E+00    4.0000E+00\r\n");
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kAverages + kDistributionHeading +
+                                         "    2.0000E+00    2.0000E+00    5.0000E-01    1.0000E+00    2.0000E+00\r\n"
+                                         "    3.0000E+00    4.0000E+00    5.0000E-01    2.0000E+00    6.0000E+00\r\n"
+                                         "    4.0000E+00    2.0000E+00    5.0000E-01    1.0000E+00    4.0000E+00\r\n");
     ExpectDialog("Keld G-of-S Output");
     EXPECT_TRUE(desktop.messages.empty());
     EXPECT_EQ(Store().OutFileName, path);
@@ -154,18 +147,19 @@ TEST_F(GOfSFiles, BlankThePointsOutsideTheLimits) {
 TEST_F(GOfSFiles, AreNotChangedByTheBlanking) {
     Choose(path);
     KeldOutGofS_Click();
-    const std::string first = Content(path);
+    const std::string first = test::ContentOf(path);
     Choose(path);
     KeldOutGofS_Click();
-    EXPECT_EQ(Content(path), first) << "and the old file is replaced";
+    EXPECT_EQ(test::ContentOf(path), first) << "and the old file is replaced";
 }
 
 TEST_F(GOfSFiles, KeepTheWidthOfNegativeColumns) {
     Store().GHat(2) = -2.5E12F;
     Choose(path);
     KeldOutGofS_Click();
-    EXPECT_NE(Content(path).find("\r\n    2.0000E+00    2.0000E+00    5.0000E-01   -2.5000E-01   -5.0000E-01\r\n"),
-              std::string::npos);
+    EXPECT_NE(
+        test::ContentOf(path).find("\r\n    2.0000E+00    2.0000E+00    5.0000E-01   -2.5000E-01   -5.0000E-01\r\n"),
+        std::string::npos);
 }
 
 TEST_F(GOfSFiles, WriteSmallAndLargeFiguresOfTheHead) {
@@ -177,7 +171,7 @@ TEST_F(GOfSFiles, WriteSmallAndLargeFiguresOfTheHead) {
     S.ListFileName = "";
     Choose(path);
     KeldOutCorrected_Click();
-    const std::string content = Content(path);
+    const std::string content = test::ContentOf(path);
     EXPECT_EQ(content.substr(0, content.find("   s*")),
               "Halvern V0.99   \r\n"
               "Current Revision V0.99.0055 \r\n"
@@ -194,7 +188,7 @@ TEST_F(GOfSFiles, WithoutAPointBetweenTheLimitsAreHeadAndHeading) {
     Store().SRangeLast = 4;
     Choose(path);
     KeldOutCorrected_Click();
-    EXPECT_EQ(Content(path), std::string(kHead) + kRateHeading);
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kRateHeading);
     EXPECT_TRUE(desktop.messages.empty());
 }
 
@@ -212,12 +206,12 @@ TEST_F(GOfSFiles, EndWithTheGrid) {
     Store().SPoints = 3;
     Choose(path);
     KeldOutCorrected_Click();
-    EXPECT_EQ(Content(path), std::string(kHead) + kRateHeading +
-                                 "    2.0000E+00    3.1416E+00    6.4200E-03\r\n"
-                                 "    3.0000E+00   -1.0000E-03    9.6300E-03\r\n");
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kRateHeading +
+                                         "    2.0000E+00    3.1416E+00    6.4200E-03\r\n"
+                                         "    3.0000E+00   -1.0000E-03    9.6300E-03\r\n");
     Choose(path);
     KeldOutGofS_Click();
-    const std::string content = Content(path);
+    const std::string content = test::ContentOf(path);
     EXPECT_EQ(content.substr(content.find(kDistributionHeading)),
               std::string(kDistributionHeading) +
                   "    2.0000E+00    2.0000E+00    5.0000E-01    1.0000E+00    2.0000E+00\r\n"
@@ -275,7 +269,7 @@ TEST_F(GOfSFiles, OnAFullDiskAreToldOfAndStayOpen) {
     KeldOutCorrected_Click();
     EXPECT_TRUE(desktop.messages.empty()) << "the next command works";
     EXPECT_EQ(Store().FileNum, 3);
-    EXPECT_TRUE(Content(path).starts_with(kHead));
+    EXPECT_TRUE(test::ContentOf(path).starts_with(kHead));
 }
 
 TEST_F(GOfSFiles, KeepWhatWasWrittenWhenAFailureInterruptsThem) {
@@ -292,7 +286,7 @@ TEST_F(GOfSFiles, KeepWhatWasWrittenWhenAFailureInterruptsThem) {
     KeldOutCorrected_Click();
     ExpectOneMessage("Error in Saving <dc/dt> Output File!");
     const std::string row = "    1.0000E+00    5.0000E-01    5.0000E-01\r\n";
-    EXPECT_EQ(Content(path), std::string(kHead) + kRateHeading + row + row + row);
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kRateHeading + row + row + row);
     EXPECT_EQ(FreeFile(), 2);
     desktop.messages.clear();
     S.SPoints = 5;
@@ -301,7 +295,7 @@ TEST_F(GOfSFiles, KeepWhatWasWrittenWhenAFailureInterruptsThem) {
     Choose(path);
     KeldOutCorrected_Click();
     EXPECT_TRUE(desktop.messages.empty()) << "the same file can be written again";
-    EXPECT_EQ(Content(path), std::string(kHead) + kRateHeading);
+    EXPECT_EQ(test::ContentOf(path), std::string(kHead) + kRateHeading);
 }
 
 TEST_F(GOfSFiles, TellTheTimeOfTheDistributions) {
@@ -315,7 +309,8 @@ TEST_F(GOfSFiles, TellTheTimeOfTheDistributions) {
     Choose(path);
     KeldOutCorrected_Click();
     // Harmonic mean of 600, 900, 1200 and 1500 s: 4 / (1/600 + 1/900 + 1/1200 + 1/1500) = 935.06
-    EXPECT_NE(Content(path).find("\r\nsed time = 935.1\r\nmeniscus = 6.\r\nspeed = 40000\r\n"), std::string::npos);
+    EXPECT_NE(test::ContentOf(path).find("\r\nsed time = 935.1\r\nmeniscus = 6.\r\nspeed = 40000\r\n"),
+              std::string::npos);
 }
 
 }  // namespace

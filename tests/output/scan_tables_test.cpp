@@ -4,7 +4,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <string>
 #include <vector>
@@ -42,8 +41,7 @@ struct ScanTables : ::testing::Test {
     Lines Written(void (*command)()) {
         desktop.choices.push_back(path);
         command();
-        std::ifstream in(path, std::ios::binary);
-        const std::string content{std::istreambuf_iterator<char>(in), {}};
+        const std::string content = test::ContentOf(path);
         Lines lines;
         std::size_t begin = 0;
         for (std::size_t end; (end = content.find("\r\n", begin)) != std::string::npos; begin = end + 2)

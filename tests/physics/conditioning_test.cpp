@@ -14,9 +14,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <numbers>
 #include <sstream>
 #include <string>
@@ -58,7 +56,7 @@ void SimulateIlls(int seed) {
 }
 
 constexpr const char* kLoad = "click GetListNow\nchoose run.LST\n";
-constexpr const char* kMeniscus = "click Set_MenManually\ntype Text1 6.000\nclick IsOK\n";
+constexpr const char* kSetMeniscus = "click Set_MenManually\ntype Text1 6.000\nclick IsOK\n";
 constexpr const char* kCorrections =
     "click Keld.SetJitterLimits\nmouse left+ctrl 5.97 0\nclick Command1\n"
     "click DoIntShift\nmouse left+ctrl 7.1 0\nclick Command1\nclick Nevermind\n";
@@ -70,11 +68,6 @@ void Play(const std::string& script) {
     std::ostringstream out, err;
     ASSERT_EQ(replay::Player(replay::Script(script), "script", out, err).Play(), replay::kRanToItsEnd) << err.str();
     ASSERT_EQ(out.str(), "");
-}
-
-std::string Content(const char* name) {
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 /// The number behind the last "   Sw   =" or "   Co   =" of a file: that of g(s*).
@@ -98,7 +91,7 @@ double LevelAt(double radiusCm, std::int32_t K) {
 TEST(Conditioning, LeavesNeighbouringScansWhereTheNoiseLeavesThem) {
     const test::DataFolder folder;
     SimulateIlls(1);
-    Play(std::string(kLoad) + "click DoReAddNow\n" + kMeniscus + kCorrections);
+    Play(std::string(kLoad) + "click DoReAddNow\n" + kSetMeniscus + kCorrections);
     const auto& S = Store();
     ASSERT_EQ(S.NumFiles, 20);
     // Above the meniscus nothing changes: what is left is the noise of two means of 21 points.
@@ -113,13 +106,13 @@ TEST(Conditioning, LeavesNeighbouringScansWhereTheNoiseLeavesThem) {
 TEST(Conditioning, GivesWhatTheSameSoluteGivesAsCleanAbsorbance) {
     const test::DataFolder folder;
     SimulateIlls(2);
-    Play(std::string(kLoad) + "click DoReAddNow\n" + kMeniscus + kCorrections + kAnalysis +
+    Play(std::string(kLoad) + "click DoReAddNow\n" + kSetMeniscus + kCorrections + kAnalysis +
          "click KeldOutGofS\nchoose ills.txt\n"
          // Removed and made again, the corrections give the same.
          "click NoJitterCorrection\n" +
          kCorrections + kAnalysis + "click KeldOutGofS\nchoose again.txt\n");
-    const std::string ills = Content("ills.txt");
-    EXPECT_EQ(ills, Content("again.txt"));
+    const std::string ills = test::ContentOf("ills.txt");
+    EXPECT_EQ(ills, test::ContentOf("again.txt"));
     const double Sw = FigureOf(ills, "Sw   ="), Co = FigureOf(ills, "Co   =");
     std::cout << "Sw " << Sw << " S, Co " << Co << " fringes\n";
     EXPECT_NEAR(Sw, kCleanSw, 0.001 * kCleanSw);
@@ -129,8 +122,8 @@ TEST(Conditioning, GivesWhatTheSameSoluteGivesAsCleanAbsorbance) {
 TEST(Conditioning, IsHeldAgainstTheseFigures) {
     const test::DataFolder folder;
     Simulate("optics = absorbance\nradius-scatter = 0\nradial-step = 0.0007\nceiling = 0\n");
-    Play(std::string(kLoad) + kMeniscus + kAnalysis + "click KeldOutGofS\nchoose clean.txt\n");
-    const std::string clean = Content("clean.txt");
+    Play(std::string(kLoad) + kSetMeniscus + kAnalysis + "click KeldOutGofS\nchoose clean.txt\n");
+    const std::string clean = test::ContentOf("clean.txt");
     EXPECT_NEAR(FigureOf(clean, "Sw   ="), kCleanSw, 0.001);
     EXPECT_NEAR(FigureOf(clean, "Co   ="), kCleanCo, 0.001);
 }

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "render/stored_picture.h"
@@ -18,8 +16,7 @@ void RunProgram(const std::string& command) { EXPECT_EQ(std::system((command + "
 TEST(SamplePicture, OfThreeSpeedsOverLnS) {
     const test::DataFolder folder;
     RunProgram("'" HALVERN_SIMULATE "' '" HALVERN_SAMPLES "/three-speeds.parameters' --output .");
-    std::ifstream bundled(HALVERN_SAMPLES "/three-speeds.session");
-    const std::string script{std::istreambuf_iterator<char>(bundled), {}};
+    const std::string script = test::ContentOf(HALVERN_SAMPLES "/three-speeds.session");
     ASSERT_NE(script, "");
     folder.Write("shown.session", script +
                                       "click PlotLnS\ntick UseRadii(4)\ntick UseRadii(6)\nclick PlotEmUp\n"

@@ -7,8 +7,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <locale>
 #include <map>
 #include <regex>
@@ -39,11 +37,6 @@ struct CommaNumbers : std::numpunct<char> {
     std::string do_grouping() const override { return "\3"; }
 };
 
-std::string Content(const fs::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 void RunProgram(const std::string& command) { ASSERT_EQ(std::system(command.c_str()), 0) << command; }
 
 /// The files of a folder, without the time of day that one of them tells.
@@ -51,7 +44,7 @@ std::map<std::string, std::string> FilesOf(const fs::path& folder) {
     std::map<std::string, std::string> files;
     for (const auto& entry : fs::directory_iterator(folder))
         files[entry.path().filename()] =
-            std::regex_replace(Content(entry.path()), std::regex("!\\d\\d:\\d\\d:\\d\\d ON "), "!ON ");
+            std::regex_replace(test::ContentOf(entry.path()), std::regex("!\\d\\d:\\d\\d:\\d\\d ON "), "!ON ");
     return files;
 }
 
@@ -78,7 +71,7 @@ struct InACountry : ::testing::TestWithParam<Country> {
 
 TEST_P(InACountry, TheSampleGivesWhatItGivesElsewhere) {
     RunProgram("'" HALVERN_SAMPLES "/make' '" HALVERN_SIMULATE "' . two-species >made");
-    const std::string script = Content(HALVERN_SAMPLES "/two-species.session") + Content(HALVERN_TOUR);
+    const std::string script = test::ContentOf(HALVERN_SAMPLES "/two-species.session") + test::ContentOf(HALVERN_TOUR);
     folder.Write("two-species/all.session", script);
     fs::copy("two-species", "fresh");
     RunProgram("cd two-species && LC_ALL=C '" HALVERN_REPLAY "' all.session >../printed");
@@ -93,7 +86,7 @@ TEST_P(InACountry, TheSampleGivesWhatItGivesElsewhere) {
     fs::current_path("..");
 
     EXPECT_GT(printed.size(), 5000U);
-    EXPECT_EQ(printed, Content("printed"));
+    EXPECT_EQ(printed, test::ContentOf("printed"));
     const auto here = FilesOf("two-species"), elsewhere = FilesOf("elsewhere");
     EXPECT_GT(here.at("gofs.txt").size(), 10000U);
     EXPECT_GT(here.at("plot.dat").size(), 10000U);

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 
 #include "replay/player.h"
@@ -23,10 +21,7 @@ struct TakingHome : ::testing::Test {
 
     int Play(const std::string& script) { return Player(Script(script), "s", out, err).Play(); }
     int PlayLoaded(const std::string& script) { return Play("click GetListNow\nchoose all.LST\n" + script); }
-    std::string Content(const char* name) const {
-        std::ifstream in(folder.Path() / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string Content(const char* name) const { return test::ContentOf(folder.Path() / name); }
 };
 
 constexpr const char* kPlotRaw = "click PlotRaw\nclick PlotEmUpScottie\n";

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <map>
 #include <sstream>
@@ -27,16 +26,11 @@ Outcome Called(const std::vector<std::string>& arguments) {
     return {status, out.str(), err.str()};
 }
 
-std::string Bytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// All files of a folder by their names.
 std::map<std::string, std::string> Files(const std::string& folder) {
     std::map<std::string, std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-        files[entry.path().filename().string()] = Bytes(entry.path());
+        files[entry.path().filename().string()] = test::ContentOf(entry.path());
     return files;
 }
 
@@ -91,10 +85,10 @@ TEST(CommandLine, PutsOptionsInPlaceOfTheFile) {
                                  "concentration:0.5 s:6 mass:100", "--species=concentration:0.25 s:3 mass:50",
                                  "--noise", "0", "--speed=rpm:40000 at:10", "--list=two.LST"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(Bytes("run/two.LST"), "00001.RA2\r\n");
+    EXPECT_EQ(test::ContentOf("run/two.LST"), "00001.RA2\r\n");
     // The middle of the cell still shows what was loaded, 0.75, thinned out by exp(-2 s omega^2 t): in ten seconds by
     // 2 x 6E-13 x 1.755E7 x 10, some 2E-4, for the faster species.
-    const auto lines = Lines(Bytes("run/00001.RA2"));
+    const auto lines = Lines(test::ContentOf("run/00001.RA2"));
     EXPECT_NEAR(Val(lines[2 + 200].substr(10, 15)), 0.75, 2e-4);
 }
 
@@ -103,13 +97,13 @@ TEST(CommandLine, WritesTheTwoSpeciesSample) {
     const test::DataFolder folder;
     const auto outcome = Called({SIMULATE_TEST_SAMPLES "/two-species.parameters", "--output", "run"});
     ASSERT_EQ(outcome.status, 0) << outcome.err;
-    const auto names = Lines(Bytes("run/two-species.LST"));
+    const auto names = Lines(test::ContentOf("run/two-species.LST"));
     ASSERT_EQ(names.size(), 60U);
     EXPECT_EQ(names.front(), "00001.RA1");
     EXPECT_EQ(names.back(), "00060.RA1");
     double lastOmega2t = 0.0, lastLow = 1.0;
     for (const auto& name : names) {
-        const auto lines = Lines(Bytes("run/" + name));
+        const auto lines = Lines(test::ContentOf("run/" + name));
         ASSERT_EQ(lines.size(), 2U + 441U) << name;  // 5.90 to 7.22 cm by 0.003 cm
         EXPECT_EQ(lines[1][0], 'R');
         EXPECT_EQ(lines[1].substr(8, 6), " 50000");

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <iterator>
 #include <string>
 
@@ -13,11 +12,6 @@ namespace halvern::simulate {
 namespace {
 
 Scan TwoPoints() { return {{42000, 1800.4, 3.99720449e10}, {{5.911, 7.01}, {0.0457670449, -1.25}, {0.00591012, 0.0}}}; }
-
-std::string Bytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// Columns of a line, counted from 1.
 std::string Columns(const std::string& line, std::size_t first, std::size_t last) {
@@ -97,9 +91,9 @@ TEST(WriteScans, WritesTheScansAndTheirListIntoANewFolder) {
     Parameters parameters;
     parameters.listFile = "a.LST";
     WriteScans(parameters, {TwoPoints(), TwoPoints()}, "new/run");
-    EXPECT_EQ(Bytes("new/run/a.LST"), "00001.RA1\r\n00002.RA1\r\n");
-    EXPECT_EQ(Bytes("new/run/00001.RA1"), ScanText(parameters, TwoPoints()));
-    EXPECT_EQ(Bytes("new/run/00002.RA1"), ScanText(parameters, TwoPoints()));
+    EXPECT_EQ(test::ContentOf("new/run/a.LST"), "00001.RA1\r\n00002.RA1\r\n");
+    EXPECT_EQ(test::ContentOf("new/run/00001.RA1"), ScanText(parameters, TwoPoints()));
+    EXPECT_EQ(test::ContentOf("new/run/00002.RA1"), ScanText(parameters, TwoPoints()));
 }
 
 std::string WriteComplaint(const Parameters& parameters, const std::string& folder) {

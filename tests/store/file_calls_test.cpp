@@ -22,11 +22,6 @@ struct FileCalls : ::testing::Test {
     test::DataFolder folder;
 };
 
-std::string Content(const fs::path& name) {
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 std::string Message(const std::error_code& error) { return error ? error.message() : std::string(); }
 
 std::ptrdiff_t EntriesHere() { return std::distance(fs::directory_iterator("."), {}); }
@@ -34,7 +29,7 @@ std::ptrdiff_t EntriesHere() { return std::distance(fs::directory_iterator("."),
 TEST_F(FileCalls, MakeAFileOfBytes) {
     const std::string bytes("a\0b\r\n\xFF", 6);
     EXPECT_EQ(Message(ReplaceFile("new.bin", bytes)), "");
-    EXPECT_EQ(Content("new.bin"), bytes);
+    EXPECT_EQ(test::ContentOf("new.bin"), bytes);
     EXPECT_EQ(EntriesHere(), 1) << "nothing else is left";
 }
 
@@ -68,7 +63,7 @@ TEST_F(FileCalls, ReplaceAFileAndKeepItsPermissions) {
     folder.Write("old.bin", "a longer text than the new one");
     fs::permissions("old.bin", fs::perms(0604));
     EXPECT_EQ(Message(ReplaceFile("old.bin", "new")), "");
-    EXPECT_EQ(Content("old.bin"), "new");
+    EXPECT_EQ(test::ContentOf("old.bin"), "new");
     EXPECT_EQ(fs::status("old.bin").permissions(), fs::perms(0604));
     EXPECT_EQ(EntriesHere(), 1);
 }
@@ -81,8 +76,8 @@ TEST_F(FileCalls, ReplaceWhatALinkLeadsTo) {
     EXPECT_EQ(Message(ReplaceFile("dangling.bin", "made")), "");
     EXPECT_TRUE(fs::is_symlink("link.bin"));
     EXPECT_TRUE(fs::is_symlink("dangling.bin"));
-    EXPECT_EQ(Content("there/old.bin"), "new");
-    EXPECT_EQ(Content("there/none.bin"), "made");
+    EXPECT_EQ(test::ContentOf("there/old.bin"), "new");
+    EXPECT_EQ(test::ContentOf("there/none.bin"), "made");
 }
 
 TEST_F(FileCalls, WriteToADeviceThatIsNoFile) {
@@ -120,7 +115,7 @@ TEST_F(FileCalls, LeaveAWriteProtectedFile) {
     fs::permissions(".", fs::perms(0777));
     const AsNobody nobody;
     EXPECT_EQ(Message(ReplaceFile("old.bin", "new")), "Permission denied");
-    EXPECT_EQ(Content("old.bin"), "kept");
+    EXPECT_EQ(test::ContentOf("old.bin"), "kept");
 }
 
 TEST_F(FileCalls, WriteDirectlyWhereTheFolderTakesNoSecondFile) {
@@ -133,7 +128,7 @@ TEST_F(FileCalls, WriteDirectlyWhereTheFolderTakesNoSecondFile) {
         EXPECT_EQ(Message(ReplaceFile("none.bin", "new")), "Permission denied");
     }
     fs::permissions(".", fs::perms(0755));
-    EXPECT_EQ(Content("old.bin"), "new");
+    EXPECT_EQ(test::ContentOf("old.bin"), "new");
 }
 
 TEST_F(FileCalls, WaitForNobodyWhenTheyOpenAPipe) {
@@ -158,7 +153,7 @@ TEST_F(FileCalls, OpenNoFileOfANameThatEndsWithinItself) {
     const std::string name("a\0.txt", 6);
     EXPECT_EQ(Message(OpenForReading(name).error), "No such file or directory");
     EXPECT_EQ(Message(OpenForWriting(name).error), "No such file or directory");
-    EXPECT_EQ(Content("a"), "text");
+    EXPECT_EQ(test::ContentOf("a"), "text");
 }
 
 TEST_F(FileCalls, LeaveTheTargetOfALinkWhoseWholePathIsTooLong) {
@@ -171,7 +166,7 @@ TEST_F(FileCalls, LeaveTheTargetOfALinkWhoseWholePathIsTooLong) {
     std::ofstream("old.bin") << "kept";
     fs::create_symlink("old.bin", "link.bin");
     EXPECT_NE(Message(ReplaceFile("link.bin", "new")), "");
-    EXPECT_EQ(Content("old.bin"), "kept");
+    EXPECT_EQ(test::ContentOf("old.bin"), "kept");
     EXPECT_EQ(EntriesHere(), 2);
     fs::current_path(home);
 }

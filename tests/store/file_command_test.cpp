@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "store/failure.h"
@@ -18,11 +16,6 @@ struct FileCommand : ::testing::Test {
     test::DataFolder folder;
     test::TestDesktop desktop;
 };
-
-std::string Content(const char* name) {
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
 
 TEST_F(FileCommand, ThatSucceedsSaysNothing) {
     int runs = 0;
@@ -76,16 +69,16 @@ TEST_F(FileCommand, LeavesAnInterruptedFileOpenWithItsLines) {
             Fail(FailureCode::kOverflow);
         },
         "message");
-    EXPECT_EQ(Content("out.txt"), "first\r\nsecond\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\nsecond\r\n");
     EXPECT_EQ(FreeFile(), 2);
     WriteLine(1, "third");
     Close(1);
-    EXPECT_EQ(Content("out.txt"), "first\r\nsecond\r\nthird\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\nsecond\r\nthird\r\n");
 }
 
 TEST_F(FileCommand, ShowsTheMessageWithTheLinesInTheFile) {
     std::string seen;
-    desktop.atPass = [&] { seen = Content("out.txt"); };
+    desktop.atPass = [&] { seen = test::ContentOf("out.txt"); };
     RunFileCommand(
         [] {
             OpenForOutput(1, "out.txt");

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 #include "store/file_calls.h"
@@ -20,51 +19,46 @@ struct OutputFileTest : ::testing::Test {
     test::DataFolder folder;
 };
 
-std::string Content(const char* name) {
-    std::ifstream in(name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-}
-
 TEST_F(OutputFileTest, EndsEveryLineWithCarriageReturnAndLineFeed) {
     OutputFile file("out.txt");
     file.WriteLine("first");
     file.WriteLine("");
     file.WriteLine(" \xFFlast ");
     file.Finish();
-    EXPECT_EQ(Content("out.txt"), "first\r\n\r\n \xFFlast \r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\n\r\n \xFFlast \r\n");
 }
 
 TEST_F(OutputFileTest, IsWholeInAProgramWithoutStandardInput) {
     ::close(STDIN_FILENO);  // its number is taken by the next file that is opened
     OutputFile("out.txt").WriteLine("a line");
-    EXPECT_EQ(Content("out.txt"), "a line\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "a line\r\n");
 }
 
 TEST_F(OutputFileTest, ReplacesAnOldFile) {
     folder.Write("out.txt", "a longer text than the new one");
     OutputFile("out.txt").WriteLine("new");
-    EXPECT_EQ(Content("out.txt"), "new\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "new\r\n");
 }
 
 TEST_F(OutputFileTest, EmptiesTheOldFileAtOnce) {
     folder.Write("out.txt", "old");
     const OutputFile file("out.txt");
-    EXPECT_EQ(Content("out.txt"), "");
+    EXPECT_EQ(test::ContentOf("out.txt"), "");
 }
 
 TEST_F(OutputFileTest, HoldsItsLinesAfterAFlush) {
     OutputFile file("out.txt");
     file.WriteLine("first");
     file.Flush();
-    EXPECT_EQ(Content("out.txt"), "first\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\n");
     file.WriteLine("second");
     file.Flush();
-    EXPECT_EQ(Content("out.txt"), "first\r\nsecond\r\n") << "each once";
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\nsecond\r\n") << "each once";
 }
 
 TEST_F(OutputFileTest, HoldsItsLinesAtItsEnd) {
     { OutputFile("out.txt").WriteLine("first"); }
-    EXPECT_EQ(Content("out.txt"), "first\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "first\r\n");
 }
 
 TEST_F(OutputFileTest, TakesMoreThanItsBuffer) {
@@ -78,7 +72,7 @@ TEST_F(OutputFileTest, TakesMoreThanItsBuffer) {
     const std::string huge(300000, 'y');
     file.WriteLine(huge);
     file.Finish();
-    EXPECT_EQ(Content("out.txt"), expected + huge + "\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), expected + huge + "\r\n");
 }
 
 TEST_F(OutputFileTest, TellsOfAFullDiskAtTheLatestAtItsFinish) {
@@ -114,7 +108,7 @@ TEST_F(OutputFileTest, WritesNothingMoreAfterAFault) {
         OutputFile broken("out.txt");
         broken.WriteLine("0123456789abcdef");
         EXPECT_FAILURE(61, broken.Flush());
-        EXPECT_EQ(Content("out.txt"), "0123456789") << "as far as there was room";
+        EXPECT_EQ(test::ContentOf("out.txt"), "0123456789") << "as far as there was room";
         LimitFileSize(RLIM_INFINITY);
         broken.WriteLine("more");
         EXPECT_FAILURE(61, broken.Flush());
@@ -123,7 +117,7 @@ TEST_F(OutputFileTest, WritesNothingMoreAfterAFault) {
         again.WriteLine("ghi");
         again.Finish();
     }
-    EXPECT_EQ(Content("out.txt"), "ghi\r\n");
+    EXPECT_EQ(test::ContentOf("out.txt"), "ghi\r\n");
 }
 
 TEST_F(OutputFileTest, DoesNotWaitForSomebodyToReadAPipe) {
@@ -150,7 +144,7 @@ TEST_F(OutputFileTest, CannotReplaceAFileThatIsWriteProtected) {
     }
     EXPECT_FAILURE(70, OutputFile("out.txt"));
     ASSERT_EQ(::seteuid(self), 0);
-    EXPECT_EQ(Content("out.txt"), "kept");
+    EXPECT_EQ(test::ContentOf("out.txt"), "kept");
 }
 
 }  // namespace

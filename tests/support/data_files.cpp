@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <iterator>
 #include <stdexcept>
 #include <system_error>
 
@@ -53,6 +54,11 @@ std::string ScanFile::Text() const {
         text += Printed("   %7.4f%15.6E", 5.9 + 0.001 * (J - 1), value) + lineEnd;
     }
     return text;
+}
+
+std::string ContentOf(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 std::string ListText(const std::vector<std::string>& names, std::string_view lineEnd) {

@@ -40,6 +40,9 @@ struct ScanFile {
     std::string Text() const;
 };
 
+/// All bytes of a file, or "" if it can't be read.
+std::string ContentOf(const std::filesystem::path& file);
+
 /// Names joined to the text of a list file.
 std::string ListText(const std::vector<std::string>& names, std::string_view lineEnd = "\r\n");
 

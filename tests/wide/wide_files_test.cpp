@@ -1,9 +1,9 @@
 #include "wide/wide_files.h"
+#include "support/data_files.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 #include "wide/integral.h"
@@ -33,10 +33,7 @@ struct WideFiles : test::WideRun {
         command();
         return ReadLines();
     }
-    std::string FileBytes() const {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
-    }
+    std::string FileBytes() const { return test::ContentOf(path); }
     static std::string Joined(const Lines& lines) {
         std::string text;
         for (const auto& line : lines)
