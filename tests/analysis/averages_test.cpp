@@ -10,7 +10,7 @@
 namespace halvern {
 namespace {
 
-using Lines = std::array<std::string, 5>;
+using FiveLines = std::array<std::string, 5>;
 
 /// s* as singles: they and the distributions hold 6E-8, and the fourth power of s* shows it four times.
 constexpr double kRounding = 1E-6;
@@ -111,9 +111,9 @@ TEST_F(Averages, AreToldInFiveLines) {
                                     .SzPlus1 = {0.0, 0.0},
                                     .concentration = 1.25};
     EXPECT_EQ(AverageLinesOfInteracting(a),
-              (Lines{"   Sn   =  1.235 +/-  0.000 Svedbergs", "   Sw   =  12345.679 +/-  0.250 Svedbergs",
-                     "   Sz   =  -1.500 +/-  12.346 Svedbergs", "   Sz+1 =  0.000 +/-  0.000 Svedbergs",
-                     "   Cp   =   1.250  ( plateau concentration )"}));
+              (FiveLines{"   Sn   =  1.235 +/-  0.000 Svedbergs", "   Sw   =  12345.679 +/-  0.250 Svedbergs",
+                         "   Sz   =  -1.500 +/-  12.346 Svedbergs", "   Sz+1 =  0.000 +/-  0.000 Svedbergs",
+                         "   Cp   =   1.250  ( plateau concentration )"}));
     EXPECT_EQ(AverageLinesOfNonInteracting(a)[1], "   Sw   =  12345.679 +/-  0.250 Svedbergs");
     EXPECT_EQ(AverageLinesOfNonInteracting(a)[4], "   Co   =   1.250  ( loading concentration )");
 }

@@ -15,7 +15,7 @@ namespace halvern {
 namespace {
 
 /// The program, and another one into which the user pastes. The menu of the report's commands wants a printer.
-struct Clipboard : test::PlotSession {
+struct ClipboardSession : test::PlotSession {
     test::PrintService service{folder.Path() / "print"};
 
     static test::CommandResult PastedText() { return test::RunCommand("xclip -o -selection clipboard -t UTF8_STRING"); }
@@ -38,7 +38,7 @@ struct Clipboard : test::PlotSession {
     }
 };
 
-TEST_F(Clipboard, TakesTheSelectedLinesOfTheReport) {
+TEST_F(ClipboardSession, TakesTheSelectedLinesOfTheReport) {
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
         user.Look([] {
@@ -64,7 +64,7 @@ TEST_F(Clipboard, TakesTheSelectedLinesOfTheReport) {
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(Clipboard, IsEmptiedWhenNothingIsSelected) {
+TEST_F(ClipboardSession, IsEmptiedWhenNothingIsSelected) {
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
         FillClipboard("earlier");
@@ -82,7 +82,7 @@ TEST_F(Clipboard, IsEmptiedWhenNothingIsSelected) {
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(Clipboard, TakesThePlotWhateverCoversIt) {
+TEST_F(ClipboardSession, TakesThePlotWhateverCoversIt) {
     const int status = test::WithUser([&](test::User& user) {
         ShowRawRate(user);
         auto cover = Cover(user);

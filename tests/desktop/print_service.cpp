@@ -25,7 +25,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::chrono::seconds kPatience{40};
+constexpr std::chrono::seconds kServicePatience{40};
 
 // The document goes to the device as the program has made it.
 constexpr const char* kDescription = R"ppd(*PPD-Adobe: "4.3"
@@ -164,7 +164,7 @@ void PrintService::Start() {
         ::execl(program.c_str(), program.c_str(), "-f", "-c", settings.c_str(), "-s", files.c_str(), nullptr);
         ::_exit(127);
     }
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    const auto deadline = std::chrono::steady_clock::now() + kServicePatience;
     while (!Answers()) {
         if (std::chrono::steady_clock::now() > deadline || ::waitpid(scheduler_, nullptr, WNOHANG) != 0)
             throw std::runtime_error("the scheduler does not come up: " + OutputOf("cat " + log));
@@ -188,7 +188,7 @@ fs::path PrintService::AwaitDocument() {
     std::string name;
     for (char c = 0; c != '\n'; name += c) {
         pollfd ready{.fd = printed_, .events = POLLIN, .revents = 0};
-        if (::poll(&ready, 1, static_cast<int>(std::chrono::milliseconds(kPatience).count())) != 1 ||
+        if (::poll(&ready, 1, static_cast<int>(std::chrono::milliseconds(kServicePatience).count())) != 1 ||
             ::read(printed_, &c, 1) != 1)
             throw std::runtime_error("no document is printed: " +
                                      OutputOf("tail -n 20 '" + (folder_ / "error_log").string() + "'"));

@@ -2,8 +2,6 @@
 
 #include <cmath>
 #include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 #include <vector>
 
@@ -103,11 +101,6 @@ std::string Word(const std::string& text) {
         word += c;
     }
     return word + '"';
-}
-
-std::string Content(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 int OpenDescriptors() {

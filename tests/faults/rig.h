@@ -67,9 +67,6 @@ class Rig : private replay::AnswerSource {
 /// A word of a script, whatever it holds.
 std::string Word(const std::string& text);
 
-/// The bytes of a file; empty if there is none.
-std::string Content(const std::filesystem::path& file);
-
 /// Descriptors that this process has open.
 int OpenDescriptors();
 

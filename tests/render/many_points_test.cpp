@@ -12,7 +12,7 @@
 namespace halvern {
 namespace {
 
-struct Points {
+struct Track {
     std::vector<float> x, y;
     Canvas::Positions All() const { return {x, y}; }
 };
@@ -28,10 +28,10 @@ struct ManyPoints : ::testing::Test {
         }
     }
     /// A walk of short steps with a leap now and then, some of it far outside the picture.
-    static Points Walk(unsigned seed, std::size_t count, float step) {
+    static Track Walk(unsigned seed, std::size_t count, float step) {
         std::mt19937 random(seed);
         std::uniform_real_distribution<float> small(-step, step), anywhere(-60.0F, 160.0F);
-        Points points;
+        Track points;
         float x = 40.0F, y = 40.0F;
         for (std::size_t i = 0; i < count; ++i) {
             const bool leaps = random() % 50 == 0;
@@ -49,7 +49,7 @@ TEST_F(ManyPoints, AreTheSameCircles) {
     for (const FillStyle fill : {FillStyle::kSolid, FillStyle::kTransparent})
         for (const float radius : {0.0F, 0.25F, 0.5F, 3.0F})
             for (unsigned seed = 1; seed <= 4; ++seed) {
-                const Points points = Walk(seed, 700, 0.4F);
+                const Track points = Walk(seed, 700, 0.4F);
                 const Colour colour = static_cast<Colour>(0x102030 * seed);
                 atOnce.SetFillStyle(fill);
                 atOnce.Circles(points.All(), radius, colour);
@@ -66,7 +66,7 @@ TEST_F(ManyPoints, AreTheSameLines) {
     for (const int width : {1, 2, 3})
         for (const DrawMode mode : {DrawMode::kCopy, DrawMode::kExclusiveOr})
             for (unsigned seed = 1; seed <= 4; ++seed) {
-                const Points points = Walk(seed, 700, 0.7F);
+                const Track points = Walk(seed, 700, 0.7F);
                 for (ImageCanvas* canvas : {&atOnce, &oneByOne}) {
                     canvas->SetDrawWidth(width);
                     canvas->SetDrawMode(mode);
@@ -85,7 +85,7 @@ TEST_F(ManyPoints, AreTheSameLines) {
 
 TEST_F(ManyPoints, AreTheSameInTurnsOfLinesAndCircles) {
     for (unsigned seed = 1; seed <= 20; ++seed) {
-        const Points points = Walk(seed, 1 + seed * 37 % 300, 0.3F);
+        const Track points = Walk(seed, 1 + seed * 37 % 300, 0.3F);
         const auto colour = static_cast<Colour>(seed % 3);
         atOnce.SetFillStyle(FillStyle::kSolid);
         oneByOne.SetFillStyle(FillStyle::kSolid);

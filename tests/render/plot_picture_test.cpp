@@ -11,7 +11,7 @@
 namespace halvern {
 namespace {
 
-constexpr QRgb kWhitePixel = 0xFFFFFFFF, kBlackPixel = 0xFF000000, kRedPixel = 0xFFFF0000, kGreenPixel = 0xFF00FF00;
+constexpr QRgb kWhite = 0xFFFFFFFF, kBlack = 0xFF000000, kRed = 0xFFFF0000, kGreen = 0xFF00FF00;
 
 /// The plot window's picture, in pixels. What stands where is told by the formula of its page: (-25, 120) is the top left
 /// and (110, -25) the bottom right.
@@ -59,13 +59,13 @@ TEST_F(PlotPicture, HasItsBoxFromZeroToAHundred) {
     ASSERT_EQ(Column(0.0), 125);
     ASSERT_EQ(Row(100.0), 80);
     for (const int x : {124, 125, 624, 625})
-        EXPECT_EQ(At(x, 300), kBlackPixel) << x;
+        EXPECT_EQ(At(x, 300), kBlack) << x;
     for (const int y : {79, 80, 479, 480})
-        EXPECT_EQ(At(300, y), kBlackPixel) << y;
+        EXPECT_EQ(At(300, y), kBlack) << y;
     for (const int x : {123, 126, 623, 626})
-        EXPECT_EQ(At(x, 310), kWhitePixel) << x;
+        EXPECT_EQ(At(x, 310), kWhite) << x;
     for (const int y : {78, 81, 478, 481})
-        EXPECT_EQ(At(310, y), kWhitePixel) << y;
+        EXPECT_EQ(At(310, y), kWhite) << y;
 }
 
 TEST_F(PlotPicture, HasTicksOfTwoUnitsInsideTheBox) {
@@ -77,17 +77,17 @@ TEST_F(PlotPicture, HasTicksOfTwoUnitsInsideTheBox) {
     ASSERT_NEAR(PlotitForm().YAxisMax, 2.4, 1E-5);
     for (int i = 1; i <= 6; ++i) {
         const int column = Column(100.0 / 7.0 * i);
-        EXPECT_EQ(At(column, Row(2.0)), kBlackPixel) << i;
-        EXPECT_EQ(At(column - 1, Row(1.0)), kBlackPixel) << i;
-        EXPECT_EQ(At(column + 1, Row(1.0)), kWhitePixel) << i;
-        EXPECT_EQ(At(column, Row(2.5)), kWhitePixel) << i;
+        EXPECT_EQ(At(column, Row(2.0)), kBlack) << i;
+        EXPECT_EQ(At(column - 1, Row(1.0)), kBlack) << i;
+        EXPECT_EQ(At(column + 1, Row(1.0)), kWhite) << i;
+        EXPECT_EQ(At(column, Row(2.5)), kWhite) << i;
     }
     for (int i = 1; i <= 5; ++i) {
         const int row = Row(100.0 / 6.0 * i);
-        EXPECT_EQ(At(Column(2.0), row), kBlackPixel) << i;
-        EXPECT_EQ(At(Column(1.0), row - 1), kBlackPixel) << i;
-        EXPECT_EQ(At(Column(1.0), row + 1), kWhitePixel) << i;
-        EXPECT_EQ(At(Column(2.5), row), kWhitePixel) << i;
+        EXPECT_EQ(At(Column(2.0), row), kBlack) << i;
+        EXPECT_EQ(At(Column(1.0), row - 1), kBlack) << i;
+        EXPECT_EQ(At(Column(1.0), row + 1), kWhite) << i;
+        EXPECT_EQ(At(Column(2.5), row), kWhite) << i;
     }
 }
 
@@ -100,12 +100,12 @@ TEST_F(PlotPicture, PutsMarkersOnTheirPoints) {
     for (std::int32_t i = 1; i <= 13; ++i) {
         // A quarter of a page unit is 1.25 pixels: the radius is one.
         const QPoint pixel = PixelOf(place(i).x, place(i).y);
-        EXPECT_EQ(At(pixel), kRedPixel) << i;
+        EXPECT_EQ(At(pixel), kRed) << i;
         for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)}) {
-            EXPECT_EQ(At(pixel + step), kRedPixel) << i;
-            EXPECT_NE(At(pixel + 2 * step), kRedPixel) << i;
+            EXPECT_EQ(At(pixel + step), kRed) << i;
+            EXPECT_NE(At(pixel + 2 * step), kRed) << i;
         }
-        EXPECT_NE(At(pixel + QPoint(1, 1)), kRedPixel) << i;
+        EXPECT_NE(At(pixel + QPoint(1, 1)), kRed) << i;
     }
 }
 
@@ -114,8 +114,8 @@ TEST_F(PlotPicture, LeavesMarkersOpenThatAreNotFilled) {
     request.Symbols(1, 2, 2, [](std::int32_t) { return PlotPoint{6.43F, 1.21F}; });
     Paint();
     const QPoint pixel = PixelOf(6.43F, 1.21F);
-    EXPECT_EQ(At(pixel), kWhitePixel);
-    EXPECT_EQ(At(pixel + QPoint(1, 0)), kRedPixel);
+    EXPECT_EQ(At(pixel), kWhite);
+    EXPECT_EQ(At(pixel + QPoint(1, 0)), kRed);
 }
 
 TEST_F(PlotPicture, LeadsLinesThroughTheirPoints) {
@@ -125,14 +125,14 @@ TEST_F(PlotPicture, LeadsLinesThroughTheirPoints) {
     request.Line(1, 13, 3, place);
     Paint();
     for (std::int32_t i = 1; i <= 13; ++i)
-        EXPECT_EQ(At(PixelOf(place(i).x, place(i).y)), kGreenPixel) << i;
+        EXPECT_EQ(At(PixelOf(place(i).x, place(i).y)), kGreen) << i;
     // Half way between two points, one pixel more or less for the rounding.
     for (std::int32_t i = 1; i < 13; ++i) {
         const QPoint half = PixelOf((place(i).x + place(i + 1).x) / 2.0, (place(i).y + place(i + 1).y) / 2.0);
         bool found = false;
         for (int dx = -1; dx <= 1; ++dx)
             for (int dy = -1; dy <= 1; ++dy)
-                found = found || At(half + QPoint(dx, dy)) == kGreenPixel;
+                found = found || At(half + QPoint(dx, dy)) == kGreen;
         EXPECT_TRUE(found) << i;
     }
 }

@@ -10,18 +10,18 @@
 namespace halvern {
 namespace {
 
-constexpr int kWidth = 277, kHeight = 203;
+constexpr int kAcross = 277, kDown = 203;
 
 /// The pixel of a page position by the page's formula; the page is that of the plot.
 PixelPoint PixelOf(float x, float y) {
-    return {static_cast<std::int32_t>(std::lround((x + 25.0) * kWidth / 135.0)),
-            static_cast<std::int32_t>(std::lround((120.0 - y) * kHeight / 145.0))};
+    return {static_cast<std::int32_t>(std::lround((x + 25.0) * kAcross / 135.0)),
+            static_cast<std::int32_t>(std::lround((120.0 - y) * kDown / 145.0))};
 }
 
 /// What the canvas should hold: each operation is drawn in full, whatever came before it.
 struct Plain {
-    std::vector<std::uint32_t> words = std::vector<std::uint32_t>(kWidth * kHeight, 0xFFFFFFFF);
-    Raster raster{words.data(), kWidth, kWidth, kHeight};
+    std::vector<std::uint32_t> words = std::vector<std::uint32_t>(kAcross * kDown, 0xFFFFFFFF);
+    Raster raster{words.data(), kAcross, kAcross, kDown};
 
     void Line(PixelPoint from, PixelPoint to, Colour colour) {
         DrawThinLine(raster, from, to, {0xFF000000U | static_cast<std::uint32_t>(colour), false});
@@ -48,7 +48,7 @@ struct Points : ::testing::Test {
     float radius = 0.25F;
 
     Points() {
-        canvas.SetSize({kWidth, kHeight}, 1.0);
+        canvas.SetSize({kAcross, kDown}, 1.0);
         canvas.Scale(-25.0F, 120.0F, 110.0F, -25.0F);
         canvas.Cls();
         pen = {0, 0};
@@ -83,7 +83,7 @@ struct Points : ::testing::Test {
             pen = pixel;
         } else {
             canvas.Circle(x, y, radius, colour);
-            plain.Circle(pixel, static_cast<std::int32_t>(std::lround(radius * kWidth / 135.0)), colours, colour);
+            plain.Circle(pixel, static_cast<std::int32_t>(std::lround(radius * kAcross / 135.0)), colours, colour);
         }
     }
     /// Things after which nothing may be taken for drawn.
@@ -109,8 +109,8 @@ struct Points : ::testing::Test {
         const QImage& image = canvas.Image();
         const auto words = [&](int row) { return reinterpret_cast<const QRgb*>(image.constScanLine(row)); };
         int differing = 0;
-        for (int row = 0; row < kHeight; ++row)
-            for (int column = 0; column < kWidth; ++column)
+        for (int row = 0; row < kDown; ++row)
+            for (int column = 0; column < kAcross; ++column)
                 differing += words(row)[column] != plain.raster.Row(row)[column] ? 1 : 0;
         EXPECT_EQ(differing, 0);
     }

@@ -11,7 +11,7 @@ namespace halvern {
 namespace {
 
 constexpr std::int32_t kSide = 61;
-constexpr std::uint32_t kPaper = 0xFFFFFFFF, kInk = 0xFF112233;
+constexpr std::uint32_t kAround = 0xFFFFFFFF, kStamped = 0xFF112233;
 
 /// A disc by its definition: along the axis on which a pixel is farther out, it has to be no farther than the pixel
 /// nearest to the circle.
@@ -29,16 +29,16 @@ bool OutlineHas(std::int32_t outer, std::int32_t penWidth, std::int32_t x, std::
     return false;
 }
 
-struct Picture {
-    std::vector<std::uint32_t> words = std::vector<std::uint32_t>(kSide * kSide, kPaper);
+struct Square {
+    std::vector<std::uint32_t> words = std::vector<std::uint32_t>(kSide * kSide, kAround);
     Raster raster{words.data(), kSide, kSide, kSide};
 
     template <class Has>
-    Picture& Put(PixelPoint middle, Has has) {
+    Square& Put(PixelPoint middle, Has has) {
         for (std::int32_t y = 0; y < kSide; ++y)
             for (std::int32_t x = 0; x < kSide; ++x)
                 if (has(x - middle.x, y - middle.y))
-                    raster.Row(y)[x] = kInk;
+                    raster.Row(y)[x] = kStamped;
         return *this;
     }
 };
@@ -46,29 +46,29 @@ struct Picture {
 constexpr PixelPoint kMiddle{30, 30};
 
 TEST(Stamp, OfRadiusOneIsAPlusAndOfRadiusTwoASquareWithoutCorners) {
-    Picture one, two;
-    PutDisc(one.raster, MakeCircle(1, 1), kMiddle, kInk);
-    PutDisc(two.raster, MakeCircle(2, 1), kMiddle, kInk);
-    EXPECT_EQ(std::count(one.words.begin(), one.words.end(), kInk), 5);
-    EXPECT_EQ(std::count(two.words.begin(), two.words.end(), kInk), 25 - 4);
-    EXPECT_EQ(one.raster.Row(30)[29], kInk);
-    EXPECT_EQ(one.raster.Row(29)[29], kPaper);
-    EXPECT_EQ(two.raster.Row(28)[29], kInk);
-    EXPECT_EQ(two.raster.Row(28)[28], kPaper);
+    Square one, two;
+    PutDisc(one.raster, MakeCircle(1, 1), kMiddle, kStamped);
+    PutDisc(two.raster, MakeCircle(2, 1), kMiddle, kStamped);
+    EXPECT_EQ(std::count(one.words.begin(), one.words.end(), kStamped), 5);
+    EXPECT_EQ(std::count(two.words.begin(), two.words.end(), kStamped), 25 - 4);
+    EXPECT_EQ(one.raster.Row(30)[29], kStamped);
+    EXPECT_EQ(one.raster.Row(29)[29], kAround);
+    EXPECT_EQ(two.raster.Row(28)[29], kStamped);
+    EXPECT_EQ(two.raster.Row(28)[28], kAround);
 }
 
 TEST(Stamp, IsThePlainCircleOfItsRadius) {
     for (std::int32_t radius = 0; radius < 28; ++radius) {
         const Stamp stamp = MakeCircle(radius, 1);
-        Picture disc, outline, inside;
-        PutDisc(disc.raster, stamp, kMiddle, kInk);
-        PutSpans(outline.raster, stamp.outline, kMiddle, {kInk, false});
-        PutSpans(inside.raster, stamp.inside, kMiddle, {kInk, false});
+        Square disc, outline, inside;
+        PutDisc(disc.raster, stamp, kMiddle, kStamped);
+        PutSpans(outline.raster, stamp.outline, kMiddle, {kStamped, false});
+        PutSpans(inside.raster, stamp.inside, kMiddle, {kStamped, false});
         const auto has = [&](int x, int y) { return DiscHas(radius, x, y); };
         const auto edge = [&](int x, int y) { return OutlineHas(radius, 1, x, y); };
-        EXPECT_EQ(disc.words, Picture().Put(kMiddle, has).words) << radius;
-        EXPECT_EQ(outline.words, Picture().Put(kMiddle, edge).words) << radius;
-        EXPECT_EQ(inside.words, Picture().Put(kMiddle, [&](int x, int y) { return has(x, y) && !edge(x, y); }).words);
+        EXPECT_EQ(disc.words, Square().Put(kMiddle, has).words) << radius;
+        EXPECT_EQ(outline.words, Square().Put(kMiddle, edge).words) << radius;
+        EXPECT_EQ(inside.words, Square().Put(kMiddle, [&](int x, int y) { return has(x, y) && !edge(x, y); }).words);
     }
 }
 
@@ -78,12 +78,12 @@ TEST(Stamp, HasAnOutlineAsWideAsThePen) {
             // The middle of the pen runs along the circle; of an even width the smaller half lies outside.
             const std::int32_t outer = radius + (penWidth - 1) / 2;
             const Stamp stamp = MakeCircle(radius, penWidth);
-            Picture outline, disc;
-            PutSpans(outline.raster, stamp.outline, kMiddle, {kInk, false});
-            PutDisc(disc.raster, stamp, kMiddle, kInk);
+            Square outline, disc;
+            PutSpans(outline.raster, stamp.outline, kMiddle, {kStamped, false});
+            PutDisc(disc.raster, stamp, kMiddle, kStamped);
             const auto edge = [&](int x, int y) { return OutlineHas(outer, penWidth, x, y); };
-            EXPECT_EQ(outline.words, Picture().Put(kMiddle, edge).words) << radius << ' ' << penWidth;
-            EXPECT_EQ(disc.words, Picture().Put(kMiddle, [&](int x, int y) { return DiscHas(outer, x, y); }).words);
+            EXPECT_EQ(outline.words, Square().Put(kMiddle, edge).words) << radius << ' ' << penWidth;
+            EXPECT_EQ(disc.words, Square().Put(kMiddle, [&](int x, int y) { return DiscHas(outer, x, y); }).words);
         }
 }
 
@@ -91,10 +91,10 @@ TEST(Stamp, HasEachPixelOnceInOutlineOrInside) {
     for (const std::int32_t penWidth : {1, 2, 3})
         for (std::int32_t radius = 0; radius < 20; ++radius) {
             const Stamp stamp = MakeCircle(radius, penWidth);
-            Picture turned, disc;
-            PutSpans(turned.raster, stamp.outline, kMiddle, {kPaper ^ kInk, true});
-            PutSpans(turned.raster, stamp.inside, kMiddle, {kPaper ^ kInk, true});
-            PutDisc(disc.raster, stamp, kMiddle, kInk);
+            Square turned, disc;
+            PutSpans(turned.raster, stamp.outline, kMiddle, {kAround ^ kStamped, true});
+            PutSpans(turned.raster, stamp.inside, kMiddle, {kAround ^ kStamped, true});
+            PutDisc(disc.raster, stamp, kMiddle, kStamped);
             EXPECT_EQ(turned.words, disc.words) << radius << ' ' << penWidth;
         }
 }
@@ -105,18 +105,18 @@ TEST(Stamp, IsCutAtTheEdges) {
     for (int i = 0; i < 2000; ++i) {
         const PixelPoint middle{place(random), place(random)};
         const std::int32_t r = radius(random);
-        Picture drawn;
-        PutDisc(drawn.raster, MakeCircle(r, 1), middle, kInk);
-        ASSERT_EQ(drawn.words, Picture().Put(middle, [&](int x, int y) { return DiscHas(r, x, y); }).words)
+        Square drawn;
+        PutDisc(drawn.raster, MakeCircle(r, 1), middle, kStamped);
+        ASSERT_EQ(drawn.words, Square().Put(middle, [&](int x, int y) { return DiscHas(r, x, y); }).words)
             << middle.x << ' ' << middle.y << ' ' << r;
     }
 }
 
 TEST(Stamp, FarOffTouchesNothing) {
-    Picture drawn;
+    Square drawn;
     for (const std::int32_t x : {-kFarthestPixel, kFarthestPixel})
-        PutDisc(drawn.raster, MakeCircle(3, 1), {x, 20}, kInk);
-    EXPECT_EQ(drawn.words, Picture().words);
+        PutDisc(drawn.raster, MakeCircle(3, 1), {x, 20}, kStamped);
+    EXPECT_EQ(drawn.words, Square().words);
 }
 
 }  // namespace

@@ -129,7 +129,7 @@ TEST_F(Analysis, PressesDoneOnlyWhileItIsShown) {
     EXPECT_EQ(err.str(), "s:5: Plotit is not shown\n");
 }
 
-struct Refused {
+struct RefusedEvent {
     const char* line;
     const char* reason;
 };
@@ -139,7 +139,7 @@ TEST_F(Analysis, RefusesAMouseWithoutAPlot) {
     EXPECT_EQ(err.str(), "s:3: Plotit is not shown\n");
 }
 
-class BadMouse : public Analysis, public ::testing::WithParamInterface<Refused> {};
+class BadMouse : public Analysis, public ::testing::WithParamInterface<RefusedEvent> {};
 
 TEST_P(BadMouse, IsRefusedWithItsReason) {
     EXPECT_EQ(Play(std::string("click Get_MenFromScan\n") + GetParam().line), kLineFailed);
@@ -147,19 +147,20 @@ TEST_P(BadMouse, IsRefusedWithItsReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Replay, BadMouse,
-                         ::testing::Values(Refused{"mouse middle 1 1", "no such mouse button: middle"},
-                                           Refused{"mouse left+meta 1 1", "no such mouse button: left+meta"},
-                                           Refused{"mouse left+ 1 1", "no such mouse button: left+"},
-                                           Refused{"mouse left one 1", "not a position: one"},
-                                           Refused{"mouse left 1 @", "not a position: "},
-                                           Refused{"mouse left 1 nan", "not a position: nan"},
-                                           Refused{"mouse left @1e300 5", "not a position: @1e300"},
-                                           Refused{"mouse left 1e300 5", "not a position: 1e300"},
-                                           Refused{"mouse left 1", "expected: mouse BUTTON[+ctrl][+alt][+shift] X Y"},
-                                           Refused{"type OutFileBox x", "OutFileBox is no text box"},
-                                           Refused{"type Text1 x", "no such control: Text1"},
-                                           Refused{"hover 1", "expected: hover X Y"},
-                                           Refused{"drag 1 2 3", "expected: drag X0 Y0 X1 Y1"}));
+                         ::testing::Values(RefusedEvent{"mouse middle 1 1", "no such mouse button: middle"},
+                                           RefusedEvent{"mouse left+meta 1 1", "no such mouse button: left+meta"},
+                                           RefusedEvent{"mouse left+ 1 1", "no such mouse button: left+"},
+                                           RefusedEvent{"mouse left one 1", "not a position: one"},
+                                           RefusedEvent{"mouse left 1 @", "not a position: "},
+                                           RefusedEvent{"mouse left 1 nan", "not a position: nan"},
+                                           RefusedEvent{"mouse left @1e300 5", "not a position: @1e300"},
+                                           RefusedEvent{"mouse left 1e300 5", "not a position: 1e300"},
+                                           RefusedEvent{"mouse left 1",
+                                                        "expected: mouse BUTTON[+ctrl][+alt][+shift] X Y"},
+                                           RefusedEvent{"type OutFileBox x", "OutFileBox is no text box"},
+                                           RefusedEvent{"type Text1 x", "no such control: Text1"},
+                                           RefusedEvent{"hover 1", "expected: hover X Y"},
+                                           RefusedEvent{"drag 1 2 3", "expected: drag X0 Y0 X1 Y1"}));
 
 /// The dialog for the smoothing window of sixty scans: a spin control from 3 to 6 beside a text box.
 struct SpinAndTick : Analysis {
@@ -225,7 +226,7 @@ TEST_F(SpinAndTick, NeverTicksARadiusThatWasNotCalculated) {
     EXPECT_EQ(err.str(), "s:8: UseRadii(5) is disabled\n");
 }
 
-class BadSpinOrTick : public SpinAndTick, public ::testing::WithParamInterface<Refused> {};
+class BadSpinOrTick : public SpinAndTick, public ::testing::WithParamInterface<RefusedEvent> {};
 
 TEST_P(BadSpinOrTick, IsRefusedWithItsReason) {
     EXPECT_EQ(PlaySmoothing(GetParam().line), kLineFailed);
@@ -234,18 +235,18 @@ TEST_P(BadSpinOrTick, IsRefusedWithItsReason) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Replay, BadSpinOrTick,
-                         ::testing::Values(Refused{"spin UpDown1 five", "not a whole number: five"},
-                                           Refused{"spin UpDown1 5.0", "not a whole number: 5.0"},
-                                           Refused{"spin UpDown1 2147483648", "not a whole number: 2147483648"},
-                                           Refused{"spin UpDown1 \"\"", "not a whole number: "},
-                                           Refused{"spin UpDown1", "expected: spin NAME VALUE"},
-                                           Refused{"spin Text1 5", "Text1 is no spin control"},
-                                           Refused{"spin UpDown2 5", "no such control: UpDown2"},
-                                           Refused{"spin Keld.OutFileBox 5", "the dialog SetSmooth is open"},
-                                           Refused{"tick Text1", "Text1 is no check box"},
-                                           Refused{"untick IsOK", "IsOK is no check box"},
-                                           Refused{"tick", "expected: tick NAME"},
-                                           Refused{"untick UpDown1 0", "expected: untick NAME"}));
+                         ::testing::Values(RefusedEvent{"spin UpDown1 five", "not a whole number: five"},
+                                           RefusedEvent{"spin UpDown1 5.0", "not a whole number: 5.0"},
+                                           RefusedEvent{"spin UpDown1 2147483648", "not a whole number: 2147483648"},
+                                           RefusedEvent{"spin UpDown1 \"\"", "not a whole number: "},
+                                           RefusedEvent{"spin UpDown1", "expected: spin NAME VALUE"},
+                                           RefusedEvent{"spin Text1 5", "Text1 is no spin control"},
+                                           RefusedEvent{"spin UpDown2 5", "no such control: UpDown2"},
+                                           RefusedEvent{"spin Keld.OutFileBox 5", "the dialog SetSmooth is open"},
+                                           RefusedEvent{"tick Text1", "Text1 is no check box"},
+                                           RefusedEvent{"untick IsOK", "IsOK is no check box"},
+                                           RefusedEvent{"tick", "expected: tick NAME"},
+                                           RefusedEvent{"untick UpDown1 0", "expected: untick NAME"}));
 
 /// A run that stood still: all scans of one omega squared t.
 void WriteScansOfOneTime(const test::DataFolder& folder) {

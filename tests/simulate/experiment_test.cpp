@@ -11,7 +11,7 @@
 namespace halvern::simulate {
 namespace {
 
-Parameters Given(const std::string& text) {
+Parameters Checked(const std::string& text) {
     Parameters parameters;
     ReadParameters(parameters, text, "p.txt");
     Check(parameters);
@@ -23,10 +23,10 @@ constexpr const char* kCoarse =
 
 TEST(Moments, AddUpOmegaSquaredTOverTheSpeeds) {
     const auto moments =
-        Moments(Given("species = concentration:1 s:4.3 mass:66\n"
-                      "speed = rpm:3000 until:300\n"
-                      "speed = rpm:30000 at:300,400 until:1000\n"
-                      "speed = rpm:60000 at:1500\n"));
+        Moments(Checked("species = concentration:1 s:4.3 mass:66\n"
+                        "speed = rpm:3000 until:300\n"
+                        "speed = rpm:30000 at:300,400 until:1000\n"
+                        "speed = rpm:60000 at:1500\n"));
     ASSERT_EQ(moments.size(), 3U);
     const double pi2 = 3.14159265358979324 * 3.14159265358979324;
     EXPECT_EQ(moments[0].rpm, 30000);
@@ -39,9 +39,9 @@ TEST(Moments, AddUpOmegaSquaredTOverTheSpeeds) {
 
 TEST(Experiment, ReadsTheSolverAtTheRadiiOfEachScan) {
     const auto scans =
-        RunExperiment(Given(std::string(kCoarse) + "species = concentration:0.5 s:6.5 mass:150\n"
-                                                   "speed = rpm:20000 until:1000\nspeed = rpm:45000 at:2000,4000\n"));
-    const auto parameters = Given("species = concentration:1 s:6.5 mass:150\nspeed = rpm:45000 at:1\n");
+        RunExperiment(Checked(std::string(kCoarse) + "species = concentration:0.5 s:6.5 mass:150\n"
+                                                     "speed = rpm:20000 until:1000\nspeed = rpm:45000 at:2000,4000\n"));
+    const auto parameters = Checked("species = concentration:1 s:6.5 mass:150\nspeed = rpm:45000 at:1\n");
     LammSolver solver({6.0, 7.2}, {6.5e-13, DiffusionCm2PerS(parameters.species[0], parameters)}, {400, 1e-6});
     solver.Advance(Omega2(20000), 1000.0);
     solver.Advance(Omega2(45000), 1000.0);
@@ -55,8 +55,8 @@ TEST(Experiment, ReadsTheSolverAtTheRadiiOfEachScan) {
 }
 
 TEST(Experiment, SeesNothingInsideTheMeniscusAndBeyondTheBase) {
-    const auto scans =
-        RunExperiment(Given(std::string(kCoarse) + "species = concentration:1 s:4.3 mass:66\nspeed = rpm:3000 at:1\n"));
+    const auto scans = RunExperiment(
+        Checked(std::string(kCoarse) + "species = concentration:1 s:4.3 mass:66\nspeed = rpm:3000 at:1\n"));
     const auto& trace = scans[0].trace;
     for (std::size_t i = 0; i < trace.radiusCm.size(); ++i) {
         const bool inside = trace.radiusCm[i] >= 6.0 && trace.radiusCm[i] <= 7.2;
@@ -68,18 +68,18 @@ TEST(Experiment, AddsUpItsSpecies) {
     const std::string rest = std::string(kCoarse) + "speed = rpm:45000 at:2000\n";
     const std::string light = "species = concentration:0.6 s:4.3 mass:66\n",
                       heavy = "species = concentration:0.4 s:6.6 mass:132\n";
-    const auto both = RunExperiment(Given(rest + light + heavy))[0].trace.signal;
-    const auto one = RunExperiment(Given(rest + light))[0].trace.signal;
-    const auto other = RunExperiment(Given(rest + heavy))[0].trace.signal;
+    const auto both = RunExperiment(Checked(rest + light + heavy))[0].trace.signal;
+    const auto one = RunExperiment(Checked(rest + light))[0].trace.signal;
+    const auto other = RunExperiment(Checked(rest + heavy))[0].trace.signal;
     for (std::size_t i = 0; i < both.size(); ++i)
         EXPECT_DOUBLE_EQ(both[i], one[i] + other[i]);
 }
 
 TEST(Experiment, TakesAsManyScansAsADataSetHolds) {
     const auto scans =
-        RunExperiment(Given("radial-step = 0.1\nradius-scatter = 0\ncells = 50\ntolerance = 1e-3\n"
-                            "species = concentration:1 s:4.3 mass:66\n"
-                            "speed = rpm:50000 from:10 to:5000 scans:500\n"));
+        RunExperiment(Checked("radial-step = 0.1\nradius-scatter = 0\ncells = 50\ntolerance = 1e-3\n"
+                              "species = concentration:1 s:4.3 mass:66\n"
+                              "speed = rpm:50000 from:10 to:5000 scans:500\n"));
     EXPECT_EQ(scans.size(), 500U);
     EXPECT_EQ(scans.back().moment.seconds, 5000.0);
 }

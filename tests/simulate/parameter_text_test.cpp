@@ -17,7 +17,7 @@ Parameters Read(std::string_view text) {
 }
 
 /// What is said against a text, or "" if nothing is.
-std::string Complaint(std::string_view text) {
+std::string TextComplaint(std::string_view text) {
     try {
         Read(text);
     } catch (const ParameterError& error) {
@@ -139,7 +139,7 @@ constexpr ComplaintCase kComplaints[] = {
 
 TEST(ParameterText, SaysWhereAndWhyItTakesNoValue) {
     for (const auto& [text, complaint] : kComplaints)
-        EXPECT_EQ(Complaint(text), complaint) << text;
+        EXPECT_EQ(TextComplaint(text), complaint) << text;
 }
 
 TEST(ParameterText, ReadsAFileAndNamesItInComplaints) {

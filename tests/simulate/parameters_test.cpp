@@ -13,7 +13,7 @@ namespace {
 constexpr const char* kSpecies = "species = concentration:1 s:4.3 mass:66.4\n";
 constexpr const char* kSpeed = "speed = rpm:50000 from:600 to:6000 scans:10\n";
 
-Parameters Given(const std::string& text) {
+Parameters Parsed(const std::string& text) {
     Parameters parameters;
     ReadParameters(parameters, text, "p.txt");
     return parameters;
@@ -22,7 +22,7 @@ Parameters Given(const std::string& text) {
 /// What is said against parameters, or "" if nothing is.
 std::string Complaint(const std::string& text) {
     try {
-        Check(Given(text));
+        Check(Parsed(text));
     } catch (const ParameterError& error) {
         return error.what();
     }
@@ -108,16 +108,16 @@ TEST(Parameters, HaveSpeciesThatSink) {
 TEST(Parameters, GiveTheDiffusionOfAMass) {
     // s R T / (M (1 - vbar rho)) in long hand: 4.3E-13 x 8.314462618E7 x 293.15 / (66400 x (1 - 0.735 x 0.99823)):
     // the numerator is 1.048075E-2, the denominator 66400 x 0.26630095 = 17682.38
-    const auto p = Given(kSpecies);
+    const auto p = Parsed(kSpecies);
     EXPECT_NEAR(DiffusionCm2PerS(p.species[0], p), 5.92723e-7, 1e-12);
-    const auto warm = Given("temperature = 25\n" + std::string(kSpecies));
+    const auto warm = Parsed("temperature = 25\n" + std::string(kSpecies));
     EXPECT_NEAR(DiffusionCm2PerS(warm.species[0], warm) / DiffusionCm2PerS(p.species[0], p), 298.15 / 293.15, 1e-12);
-    const auto given = Given("species = concentration:1 s:4.3 diffusion:6.1\n");
+    const auto given = Parsed("species = concentration:1 s:4.3 diffusion:6.1\n");
     EXPECT_DOUBLE_EQ(DiffusionCm2PerS(given.species[0], given), 6.1e-7);
 }
 
 TEST(Parameters, GoByTheOpticsWhereTheyAreNotSet) {
-    const auto absorbance = Given(""), interference = Given("optics = interference\n");
+    const auto absorbance = Parsed(""), interference = Parsed("optics = interference\n");
     EXPECT_EQ(RadialStepCm(absorbance), 0.003);
     EXPECT_EQ(RadialStepCm(interference), 0.0007);
     EXPECT_EQ(RadiusScatterCm(interference), 0.0);
@@ -125,26 +125,26 @@ TEST(Parameters, GoByTheOpticsWhereTheyAreNotSet) {
     EXPECT_EQ(WavelengthNm(interference), 675);
     EXPECT_EQ(Ceiling(absorbance), 3.0);
     EXPECT_FALSE(Ceiling(interference).has_value());
-    EXPECT_FALSE(Ceiling(Given("ceiling = 0\n")).has_value());
-    EXPECT_DOUBLE_EQ(ReadFromCm(Given("meniscus = 6.1\n")), 6.05);
+    EXPECT_FALSE(Ceiling(Parsed("ceiling = 0\n")).has_value());
+    EXPECT_DOUBLE_EQ(ReadFromCm(Parsed("meniscus = 6.1\n")), 6.05);
 }
 
 TEST(Parameters, TakeMoreCellsForSpeciesThatHardlyDiffuse) {
     const auto cells = [](const std::string& species) {
-        const auto p = Given("speed = rpm:30000 at:100\nspecies = concentration:1 " + species + "\n");
+        const auto p = Parsed("speed = rpm:30000 at:100\nspecies = concentration:1 " + species + "\n");
         return SolverCells(p.species[0], p);
     };
     EXPECT_EQ(cells("s:4.3 mass:66.4"), 4000U);
     // s omega^2 / D x 7.92 / N is 0.25: 1E-11 x 9.8696E6 / 1.83E-7 x 7.92 / 0.25, with omega^2 = (1000 pi)^2
     EXPECT_EQ(cells("s:100 diffusion:1.83"), 17086U);
     EXPECT_EQ(cells("s:100 diffusion:0.01"), 20000U);
-    const auto set = Given("cells = 123\nspeed = rpm:30000 at:100\nspecies = concentration:1 s:100 diffusion:1.83\n");
+    const auto set = Parsed("cells = 123\nspeed = rpm:30000 at:100\nspecies = concentration:1 s:100 diffusion:1.83\n");
     EXPECT_EQ(SolverCells(set.species[0], set), 123U);
 }
 
 TEST(Parameters, WarnOfABoundaryThatComesOutTooBroad) {
-    EXPECT_TRUE(Warnings(Given(std::string(kSpecies) + kSpeed)).empty());
-    const auto warnings = Warnings(Given("species = concentration:1 s:1000 diffusion:0.01\n" + std::string(kSpeed)));
+    EXPECT_TRUE(Warnings(Parsed(std::string(kSpecies) + kSpeed)).empty());
+    const auto warnings = Warnings(Parsed("species = concentration:1 s:1000 diffusion:0.01\n" + std::string(kSpeed)));
     ASSERT_EQ(warnings.size(), 1U);
     EXPECT_TRUE(warnings[0].starts_with("p.txt:1: the species diffuses too little")) << warnings[0];
 }

@@ -11,7 +11,7 @@ namespace halvern {
 namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
 
 TEST(Ln, IsTheNaturalLogarithm) {
     EXPECT_EQ(Ln(1.0), 0.0);
@@ -21,7 +21,7 @@ TEST(Ln, IsTheNaturalLogarithm) {
 }
 
 TEST(Ln, FailsWithoutAPositiveNumber) {
-    for (const double value : {0.0, -0.0, -1.0, -kInfinity, kNaN})
+    for (const double value : {0.0, -0.0, -1.0, -kInfinite, kNaN})
         EXPECT_FAILURE(5, Ln(value));
     EXPECT_LT(Ln(std::numeric_limits<double>::denorm_min()), -744.0);
 }
@@ -48,7 +48,7 @@ TEST(Exp, FailsAboveTheRangeOfADouble) {
     // The largest double, 1.7977E308, is e to the 709.7827.
     EXPECT_GT(Exp(709.78), 1.79E308);
     EXPECT_FAILURE(6, Exp(709.79));
-    EXPECT_FAILURE(6, Exp(kInfinity));
+    EXPECT_FAILURE(6, Exp(kInfinite));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ struct ErrorCase {
     int failure;
 };
 
-constexpr ErrorCase kCases[] = {
+constexpr ErrorCase kErrors[] = {
     {ENOENT, 53}, {ENAMETOOLONG, 52}, {EINVAL, 52}, {EILSEQ, 52}, {ENOTDIR, 76}, {EISDIR, 75}, {ELOOP, 75},
     {ENXIO, 75},  {ENODEV, 75},       {EACCES, 70}, {EPERM, 70},  {EROFS, 70},   {EBUSY, 70},  {ETXTBSY, 70},
     {EAGAIN, 70}, {EMFILE, 67},       {ENFILE, 67}, {ENOSPC, 61}, {EDQUOT, 61},  {EFBIG, 61},  {EIO, 57},
@@ -25,7 +25,7 @@ constexpr ErrorCase kCases[] = {
 };
 
 TEST(SystemFailure, HasTheNumberOfWhatTheUserMeets) {
-    for (const auto& c : kCases)
+    for (const auto& c : kErrors)
         EXPECT_FAILURE(c.failure, FailWithErrno(c.error, std::strerror(c.error)));
 }
 

@@ -70,7 +70,7 @@ TEST_F(Built, AnItemIsInReachOnlyWithAllThatItStandsUnder) {
 }
 
 TEST_F(Built, AnItemPutInLaterStandsBehindTheOneNamed) {
-    struct Counter : MenuBarObserver {
+    struct BarCounter : MenuBarObserver {
         int changes = 0;
         void MenuBarChanged() override { ++changes; }
     } counter;
