@@ -283,12 +283,7 @@ TEST_F(ManualPictures, OfThreeSpeeds) {
     const std::string list = List("three-speeds", "three-speeds.LST");
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
-        ChooseList(user, list);
-        user.Press("Return");
-        user.AwaitWindow("Multiple Speed Data");
-        user.Press("Return");
-        user.AwaitNoWindow("Multiple Speed Data");
-        user.Await("the data set", [] { return Menus().OutputMenu.IsEnabled(); });
+        LoadSpeeds(user, list);
 
         ChooseItems(user, 'd', {&Menus().dummy_men, &Menus().Set_MultiMenManually});
         user.Await("the dialog", [] { return QApplication::activeModalWidget() != nullptr; });

@@ -167,11 +167,7 @@ TEST_F(OnThePlot, PicksAMeniscusForEachSpeed) {
     const std::string list = test::WriteThreeSpeeds(folder);
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
-        ChooseList(user, list);
-        user.Press("Return");
-        user.AwaitWindow("Multiple Speed Data");
-        user.Press("Return");
-        user.AwaitNoWindow("Multiple Speed Data");
+        LoadSpeeds(user, list);
         const std::size_t before = Report(user).size();
         ChooseItems(user, 'd', {&Menus().dummy_men, &Menus().Get_MenFromScan});
         for (const auto& [speed, meniscus] : test::kSpeedRuns) {

@@ -104,6 +104,15 @@ void Session::Load(User& user, const std::string& path) {
     user.Await("the data set", [] { return Menus().OutputMenu.IsEnabled(); });
 }
 
+void Session::LoadSpeeds(User& user, const std::string& path) {
+    ChooseList(user, path);
+    user.Press("Return");
+    user.AwaitWindow("Multiple Speed Data");
+    user.Press("Return");
+    user.AwaitNoWindow("Multiple Speed Data");
+    user.Await("the data set", [] { return Menus().OutputMenu.IsEnabled(); });
+}
+
 void Session::ChooseItems(User& user, char menu, const std::vector<const MenuItem*>& items) {
     user.AwaitWindow(kMainWindow);
     ChooseItemsHere(user, menu, items);

@@ -35,6 +35,8 @@ struct Session : ::testing::Test {
     static void TypePath(User& user, const std::string& path);
     /// Chooses a list and awaits its data set.
     static void Load(User& user, const std::string& path);
+    /// The same with a list of several speeds, of which the program tells.
+    static void LoadSpeeds(User& user, const std::string& path);
 
     /// Opens the menu of an access key and clicks through its items, by the program's names for them.
     static void ChooseItems(User& user, char menu, const std::vector<const MenuItem*>& items);

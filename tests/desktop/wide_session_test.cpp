@@ -69,12 +69,6 @@ struct Wide : test::PlotSession {
     std::string PathOf(const std::string& name) const { return (folder.Path() / name).string(); }
     std::string Content(const std::string& name) const { return test::ContentOf(folder.Path() / name); }
 
-    static void AnswerBox(test::User& user, const char* title, const char* key) {
-        user.AwaitWindow(title);
-        user.Press(key);
-        user.AwaitNoWindow(title);
-    }
-
     /// The widgets of a kind in the dialog that is open.
     template <class Widget>
     static QList<Widget*> ChildrenOfDialog() {
@@ -179,9 +173,7 @@ TEST_F(Wide, DistributionComesOutAsInItsReplay) {
     const std::string list = WriteScans(folder);
     const int status = test::WithUser([&](test::User& user) {
         Start(user);
-        ChooseList(user, list);
-        user.Press("Return");
-        AnswerBox(user, "Multiple Speed Data", "Return");
+        LoadSpeeds(user, list);
         TypeMenisci(user);
         SmoothOverFour(user);
         EXPECT_FALSE(user.Look([] { return Menus().PlotWideD.IsEnabled() || Menus().WDOut.IsEnabled(); }));
