@@ -71,10 +71,10 @@ class Installation(unittest.TestCase):
         (cls.scratch / "first").rename(cls.place)
         cls.environment = os.environ | {"PATH": f"{cls.place}/bin:/usr/bin:/bin"}
 
-    def run_in(self, folder, *command):
+    def run_in(self, folder, *command, **variables):
         folder.mkdir(exist_ok=True)
         how = {"stdin": subprocess.DEVNULL, "capture_output": True, "text": True, "check": False}
-        ran = subprocess.run(command, cwd=folder, env=self.environment, **how)
+        ran = subprocess.run(command, cwd=folder, env=self.environment | variables, **how)
         return ran.returncode, ran.stdout, ran.stderr
 
     def test_every_file_has_its_place_and_its_mode(self):
@@ -95,8 +95,9 @@ class Installation(unittest.TestCase):
         install("/opt/halvern", DESTDIR=str(stage))
         self.assertEqual(modes(stage / "opt/halvern"), modes(self.place))
 
-    def test_the_samples_give_what_they_should_with_the_programs_of_the_path(self):
-        status, told, complaints = self.run_in(self.scratch, self.place / "share/halvern/samples/check")
+    def test_the_samples_give_what_they_should_with_the_programs_beside_them(self):
+        check = self.place / "share/halvern/samples/check"
+        status, told, complaints = self.run_in(self.scratch, check, PATH="/usr/bin:/bin")
         self.assertEqual((status, complaints), (0, ""), told)
         samples = sorted(path.stem for path in (self.place / "share/halvern/samples").glob("*.session"))
         self.assertEqual(len(samples), 3)
