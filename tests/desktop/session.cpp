@@ -32,7 +32,7 @@ double Luminance(const QColor& colour) {
     return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 double Contrast(const QColor& one, const QColor& other) {
-    const auto [dark, light] = std::minmax(Luminance(one), Luminance(other));
+    const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
     return (light + 0.05) / (dark + 0.05);
 }
 
