@@ -28,7 +28,9 @@ using Series = std::vector<float>;
 /// Writes the scans of a sample into the current folder.
 void Simulate(const std::string& parametersFile) {
     simulate::Parameters parameters;
-    simulate::ReadParameters(parameters, test::ContentOf(parametersFile), parametersFile);
+    const std::string text = test::ContentOf(parametersFile);
+    EXPECT_FALSE(text.empty()) << parametersFile;
+    simulate::ReadParameters(parameters, text, parametersFile);
     simulate::Check(parameters);
     simulate::WriteScans(parameters, simulate::RunExperiment(parameters), ".");
 }
