@@ -7,7 +7,7 @@
 #include "plot/plot_window.h"
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/numeric.h"
 #include "store/single.h"
 
@@ -49,10 +49,8 @@ void DoGofS_Click() {
 }
 
 void TakeSLimits() {
-    auto& M = Menus();
     Store().PickSLimits = false;
-    for (MenuItem* item : {&M.DoPlotGS, &M.DoPlotGShat, &M.ShowSAve, &M.KeldOut, &M.KeldOutCorrected, &M.KeldOutGofS})
-        item->Enable();
+    Pass(Gate::kSLimitsSet);
     FindSRange();
     PairStatistics();
     CalculateDistributions();

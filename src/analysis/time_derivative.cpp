@@ -13,7 +13,7 @@
 #include "store/analysis_store.h"
 #include "store/common_grid.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/numeric.h"
 #include "store/report.h"
 #include "store/single.h"
@@ -205,9 +205,7 @@ void CalculateRates() {
 void KeldIt_Click() {
     MousePointer(kPointerHourglass);
     CalculateRates();
-    Menus().PlotAvekeld.Enable();
-    Menus().PlotRawkeld.Enable();
-    Menus().SetKeldZero.Enable();
+    Pass(Gate::kRatesCalculated);
     MousePointer(kPointerNormal);
     ReportLargestMass(LargestMass());
     SetRequestTexts({" ", "Raw <dc/dt> vs S", "S (Svedbergs)", "<dc/dt>"});

@@ -4,7 +4,7 @@
 #include "plot/plot_request.h"
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 
 namespace halvern {
@@ -27,7 +27,6 @@ void SetKeldZero_Click() {
 
 void TakeZeroLevel() {
     auto& S = Store();
-    auto& M = Menus();
     S.ZeroLevelSet = true;
     S.ZeroLevel = S.Meniscus;
     S.Meniscus = S.SavedMeniscus;
@@ -36,25 +35,18 @@ void TakeZeroLevel() {
         S.AveRate(I) = Single(static_cast<double>(S.AveRate(I)) - S.ZeroLevel);
     }
     S.PickZeroLevel = false;
-    M.SetKeldZero.Disable();
-    M.BackToOrigKeld.Enable();
-    M.DoGofS.Enable();
+    Pass(Gate::kZeroLevelSet);
     PlotAvekeld_Click();
 }
 
 void BackToOrigKeld_Click() {
     auto& S = Store();
-    auto& M = Menus();
     for (std::int32_t I = 1; I <= S.SPoints; ++I) {
         S.AveRate(I) = S.AveRateRaw(I);
         S.RateWork(I) = S.AveRate(I);
     }
     S.ZeroLevel = 0.0F;
-    M.BackToOrigKeld.Disable();
-    M.SetKeldZero.Enable();
-    // KeldOutGofS stays as it was: the file of the last g(s*) can still be written.
-    for (MenuItem* item : {&M.DoGofS, &M.ShowSAve, &M.DoPlotGS, &M.DoPlotGShat, &M.KeldOut, &M.KeldOutCorrected})
-        item->Disable();
+    Pass(Gate::kZeroLevelRestored);
     S.ZeroLevelSet = false;
 }
 

@@ -9,7 +9,7 @@
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
 #include "store/common_grid.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 
 namespace halvern {
@@ -113,7 +113,7 @@ void CorrectIntegerFringes() {
         Ref = Cur;
     }
     S.FringeCorrected = true;
-    NameCorrections(Corrections::kJitterAndFringes);
+    Pass(Gate::kIntegralFringesCorrected);
     PlotCorrected_Click();
 }
 

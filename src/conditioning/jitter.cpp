@@ -7,7 +7,7 @@
 #include "plot/plot_window.h"
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 
 namespace halvern {
@@ -93,13 +93,10 @@ void TestIt_Click() {
 
 void ApplyJitterCorrection() {
     auto& S = Store();
-    auto& M = Menus();
     S.JitterCorrected = true;
-    M.NoJitterCorrection.Show();
-    M.SetJitterLimits.Hide();
     for (std::int32_t K = 1; K <= S.NumFiles; ++K)
         TakeOffset(K, S.JitterRefRadius);
-    M.PlotCorrected.Enable();
+    Pass(Gate::kJitterCorrected);
 }
 
 void TakeJitterPoint() {
@@ -108,25 +105,16 @@ void TakeJitterPoint() {
     S.JitterRefRadius = S.Meniscus;
     ApplyJitterCorrection();
     S.PickJitterPoint = false;
-    Menus().CorrectedDataOut.Enable();
+    Pass(Gate::kJitterPickDone);
     S.PickMeniscus = false;
     S.Meniscus = S.SavedMeniscus;
 }
 
 void NoJitterCorrection_Click() {
     auto& S = Store();
-    auto& M = Menus();
     S.JitterCorrected = false;
     S.FringeCorrected = false;
-    M.DoIntShift.Enable();
-    M.NoJitterCorrection.Hide();
-    M.SetJitterLimits.Show();
-    M.PlotCorrected.Disable();
-    NameCorrections(Corrections::kJitter);
-    // KeldOutGofS stays as it was, and is out of reach under KeldOut.
-    for (MenuItem* item : {&M.BackToOrigKeld, &M.SetKeldZero, &M.ShowSAve, &M.DoGofS, &M.PlotAvekeld, &M.PlotRawkeld,
-                           &M.DoPlotGS, &M.DoPlotGShat, &M.CorrectedDataOut, &M.KeldOut, &M.KeldOutCorrected})
-        item->Disable();
+    Pass(Gate::kCorrectionRemoved);
     S.JitterOffset.Zero();
 }
 

@@ -7,7 +7,7 @@
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/report.h"
 
 namespace halvern {
@@ -42,22 +42,19 @@ void PickOnScan(std::int16_t Scan, std::int32_t curve) {
 
 void Get_MenFromScan_Click() {
     auto& S = Store();
-    auto& M = Menus();
     SetPickTexts();
     S.PlotReady = false;
     PlotitForm().Load();
     PlotitForm().Hide();
     if (!S.MultipleSpeeds) {
         PickOnScan(1, kBlack);
-        M.KeldIt.Enable();
+        Pass(Gate::kMeniscusSet);
     } else {
         S.SpeedIndex = 1;
         S.Meniscus = S.ScanMeniscus(S.SpeedFirstScan(1));
         ShowFirstScanOfSpeed(S.SpeedIndex);
-        M.KeldIt.Disable();
+        Pass(Gate::kMenisciOfSpeedsSet);
     }
-    M.DoWideStraight.Enable();
-    M.UseWSSmoothing.Enable();
 }
 
 void ShowFirstScanOfSpeed(std::int16_t Scan) {

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "store/analysis_store.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 #include "ui/desktop.h"
 
@@ -81,7 +81,7 @@ void ReAddFringes() {
 void DoReAddNow_Click() {
     MousePointer(kPointerHourglass);
     ReAddFringes();
-    Menus().DoReAddNow.Tick();
+    Pass(Gate::kFringesReAdded);
     MousePointer(kPointerNormal);
 }
 

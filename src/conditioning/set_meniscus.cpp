@@ -3,7 +3,7 @@
 #include "conditioning/meniscus.h"
 #include "store/analysis_store.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 #include "store/val.h"
 #include "ui/desktop.h"
@@ -44,9 +44,7 @@ void SetMeniscus::IsOK_Click() {
     for (std::int32_t K = 1; K <= S.NumFiles; ++K)
         S.ScanMeniscus(K) = S.Meniscus;
     OfferCorrections();
-    Menus().KeldIt.Enable();
-    Menus().DoWideStraight.Enable();
-    Menus().UseWSSmoothing.Enable();
+    Pass(Gate::kMeniscusSet);
     Unload();
 }
 

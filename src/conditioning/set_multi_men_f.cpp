@@ -5,7 +5,7 @@
 #include "conditioning/meniscus.h"
 #include "store/analysis_store.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 #include "store/val.h"
 #include "ui/desktop.h"
@@ -113,9 +113,7 @@ void SetMultiMenF::JustDoIt_Click() {
     }
     SpreadMenisci();
     OfferCorrections();
-    Menus().KeldIt.Disable();
-    Menus().DoWideStraight.Enable();
-    Menus().UseWSSmoothing.Enable();
+    Pass(Gate::kMenisciOfSpeedsSet);
     Unload();
 }
 

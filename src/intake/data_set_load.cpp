@@ -7,6 +7,7 @@
 #include "store/analysis_store.h"
 #include "store/files.h"
 #include "store/format.h"
+#include "store/menu_gates.h"
 #include "store/menus.h"
 #include "store/report.h"
 #include "ui/desktop.h"
@@ -118,10 +119,7 @@ void FindSpeedRuns() {
 }
 
 void TellOfSeveralSpeeds() {
-    auto& M = Menus();
-    M.Set_MenManually.Hide();
-    M.Set_MultiMenManually.Show();
-    M.Get_MenFromScan.SetCaption("Graphically (From 1st Scan at each speed)");
+    Pass(Gate::kSeveralSpeedsFound);
     MsgBox("Multiple speeds have been found.  These datasets\r\ncan only be used to calculate Wide Distributions!",
            kOkOnly, "Multiple Speed Data");
     AddLine(Concat({"Datasets from ", Format(Store().NumSpeeds, kSpeeds), " different speeds were found."}));
@@ -131,17 +129,10 @@ void TellOfSeveralSpeeds() {
 }
 
 void OpenNextMenus() {
-    auto& S = Store();
-    auto& M = Menus();
-    // Kept: nothing shows the item again, also not for interference data that are loaded later.
-    if (S.IsInterference)
-        M.DoReAddNow.Enable();
-    else
-        M.DoReAddNow.Hide();
-    if (S.MultipleSpeeds)
+    Pass(Store().IsInterference ? Gate::kInterferenceScansFound : Gate::kOtherScansFound);
+    if (Store().MultipleSpeeds)
         TellOfSeveralSpeeds();
-    M.GetListNow.SetCaption("Restart With Another Set");
-    M.OutputMenu.Enable();
+    Pass(Gate::kDataSetStands);
 }
 
 void LoadDataSet() {
@@ -161,8 +152,7 @@ void LoadDataSet() {
     AddLine(" -0-");
     DoEvents();
     ReadScans();
-    Menus().dummy_men.Enable();
-    Menus().PlotDummy1.Enable();
+    Pass(Gate::kScansRead);
     RemoveLastLine();
     RemoveLastLine();
     AddLine(Format(S.NumFiles, kValidFiles));

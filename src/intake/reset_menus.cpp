@@ -2,38 +2,11 @@
 
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 
 namespace halvern {
 
 namespace {
-
-void TakeItemsBack() {
-    auto& M = Menus();
-    for (MenuItem* item :
-         {&M.BackToOrigKeld, &M.SetKeldZero, &M.DoGofS, &M.ShowSAve, &M.DoPlotGS, &M.DoPlotGShat, &M.DoReAddNow})
-        item->Disable();
-    M.DoReAddNow.Untick();
-    M.dummy_men.Disable();
-
-    M.Get_MenFromScan.Enable();
-    M.Get_MenFromScan.Show();
-    M.Set_MenManually.Show();
-    M.Set_MenManually.Enable();
-    M.Set_MultiMenManually.Hide();
-
-    M.NoJitterCorrection.Hide();
-    M.SetJitterLimits.Show();
-    M.SetJitterLimits.Disable();
-    M.NoJitterCorrection.Enable();
-
-    for (MenuItem* item : {&M.DoIntShift, &M.KeldIt, &M.UseWSSmoothing, &M.SetCSpan, &M.DoWideStraight, &M.PlotDummy1,
-                           &M.PlotCorrected, &M.PlotRawkeld, &M.PlotAvekeld, &M.PlotWideD, &M.OutputMenu,
-                           &M.CorrectedDataOut, &M.WDOut, &M.KeldOut, &M.KeldOutCorrected})
-        item->Disable();
-
-    NameCorrections(Corrections::kJitter);
-}
 
 void WipeScans() {
     auto& S = Store();
@@ -82,7 +55,7 @@ void ClearFlags() {
 
 void ResetMenus() {
     auto& S = Store();
-    TakeItemsBack();
+    Pass(Gate::kDataSetWiped);
 
     PlotitForm().Load();
     PlotitForm().TestIt.Hide();
@@ -97,7 +70,6 @@ void ResetMenus() {
     WipeCurves();
     ClearFlags();
 
-    Menus().UseWSSmoothing.Untick();
     S.SmoothWindow = kDefaultSmoothWindow;
 }
 

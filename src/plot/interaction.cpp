@@ -6,7 +6,7 @@
 #include "plot/show_plot.h"
 #include "store/analysis_store.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/single.h"
 #include "ui/desktop.h"
 

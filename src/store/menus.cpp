@@ -2,8 +2,6 @@
 
 #include <iterator>
 
-#include "store/analysis_store.h"
-
 namespace halvern {
 
 namespace {
@@ -97,20 +95,5 @@ MainMenuAndBar& Both() {
 MainMenu& Menus() { return Both().items; }
 
 MenuBar& MainMenuBar() { return Both().bar; }
-
-void OfferCorrections() {
-    if (!Store().IsInterference)
-        return;
-    Menus().SetJitterLimits.Enable();
-    Menus().DoIntShift.Enable();
-}
-
-void NameCorrections(Corrections corrections) {
-    const bool fringes = corrections == Corrections::kJitterAndFringes;
-    Menus().NoJitterCorrection.SetCaption(fringes ? "&Remove Jitter and Integer Fringe Correction"
-                                                  : "&Remove Jitter Correction");
-    Menus().PlotCorrected.SetCaption(fringes ? "&Corrected for Jitter and Interger Fringe Shift"
-                                             : "&Corrected for Jitter");
-}
 
 }  // namespace halvern

@@ -23,17 +23,11 @@ struct MainMenu {
     PrinterItems Prn2Array;  ///< elements 1 and up; element 0 is the separator Prn2Array0
 };
 
-/// The main window's items as they stand. Their states are the order of the analysis: no variable records a stage.
+/// The main window's items as they stand. Their states are the order of the analysis: no variable records a stage, and what
+/// changes them is the table of menu_gates.cpp.
 MainMenu& Menus();
 
 /// The same items as the bar that the main window shows.
 MenuBar& MainMenuBar();
-
-/// Once a meniscus is known, the corrections of interference data are offered; other data have none.
-void OfferCorrections();
-
-/// What the corrections at hand are called by the items that remove and plot them.
-enum class Corrections { kJitter, kJitterAndFringes };
-void NameCorrections(Corrections corrections);
 
 }  // namespace halvern

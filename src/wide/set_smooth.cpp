@@ -5,6 +5,7 @@
 
 #include "store/analysis_store.h"
 #include "store/format.h"
+#include "store/menu_gates.h"
 #include "store/menus.h"
 #include "store/single.h"
 #include "store/typed_number.h"
@@ -19,12 +20,6 @@ constexpr Pattern kWindow{"##"};
 
 // Kept: the words are those of the dialog for the file increment.
 constexpr TypedLimits kWindowLimits{2.0, 50.0, "The value for the file increment is invalid or out of range!"};
-
-/// What was calculated with another window, or without one, is no longer offered.
-void WithdrawDistribution() {
-    Menus().PlotWideD.Disable();
-    Menus().WDOut.Disable();
-}
 
 }  // namespace
 
@@ -53,8 +48,7 @@ void SetSmooth::Form_Load() {
     UpDown1.SetMinimum(0);
     UpDown1.SetMaximum(1);
     MsgBox("Too Few Datasets To Use Smoothing!", kExclamation, "Smoothing Disabled!");
-    Menus().UseWSSmoothing.Disable();
-    Menus().SetCSpan.Disable();
+    Pass(Gate::kSmoothingImpossible);
     S.UseSmoothing = false;
 }
 
@@ -64,7 +58,7 @@ void SetSmooth::IsOK_Click() {
     auto& S = Store();
     const std::int32_t value = UpDown1.Value();
     if (value != S.SmoothWindow && S.UseSmoothing)
-        WithdrawDistribution();
+        Pass(Gate::kSmoothingWindowChanged);
     if (value % 2 == 0) {
         S.SmoothWindow = ToInteger16(value + 1.0);
         MsgBox(Concat({"Smoothing Window MUST be odd numbered!  Window will be set to ",
@@ -80,16 +74,8 @@ void SetSmooth::MaybeLater_Click() { Unload(); }
 
 void UseWSSmoothing_Click() {
     auto& S = Store();
-    auto& M = Menus();
-    S.UseSmoothing = !M.UseWSSmoothing.IsTicked();
-    if (S.UseSmoothing) {
-        M.UseWSSmoothing.Tick();
-        M.SetCSpan.Enable();
-    } else {
-        M.UseWSSmoothing.Untick();
-        M.SetCSpan.Disable();
-    }
-    WithdrawDistribution();
+    S.UseSmoothing = !Menus().UseWSSmoothing.IsTicked();
+    Pass(S.UseSmoothing ? Gate::kSmoothingSwitchedOn : Gate::kSmoothingSwitchedOff);
     if (S.SmoothDialogShown)
         return;
     SetSmooth dialog;
@@ -98,9 +84,8 @@ void UseWSSmoothing_Click() {
         dialog.ShowModal();
         S.SmoothDialogShown = true;
     } else {
-        M.UseWSSmoothing.Untick();
         dialog.Unload();
-        M.UseWSSmoothing.Disable();
+        Pass(Gate::kSmoothingRefused);
     }
 }
 

@@ -7,7 +7,7 @@
 #include "plot/show_plot.h"
 #include "store/common_grid.h"
 #include "store/format.h"
-#include "store/menus.h"
+#include "store/menu_gates.h"
 #include "store/report.h"
 #include "store/single.h"
 #include "ui/desktop.h"
@@ -129,8 +129,7 @@ void DoWideStraight_Click() {
     FindRadialLimits();
     DistributionAtAllRadii(S.IsInterference ? TakeGridOfFirstScan() : InterpolateScans());
     MousePointer(kPointerNormal);
-    Menus().PlotWideD.Enable();
-    Menus().WDOut.Enable();
+    Pass(Gate::kWideDistributionCalculated);
     ShowRadiiDialog(kPlotLogWD);
     FinishLnPlot();
 }

@@ -7,6 +7,7 @@
 
 #include "plot/plot_window.h"
 #include "store/analysis_store.h"
+#include "store/menu_gates.h"
 #include "store/menus.h"
 #include "support/session.h"
 

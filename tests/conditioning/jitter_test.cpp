@@ -1,6 +1,7 @@
 #include "conditioning/jitter.h"
 
 #include "conditioning/interference_run.h"
+#include "store/menu_gates.h"
 #include "support/failure.h"
 
 namespace halvern {
@@ -144,7 +145,7 @@ TEST_F(Jitter, IsRemovedWithAllThatDependsOnIt) {
     Signals(Ramp);
     CorrectAt(20);
     S.FringeCorrected = true;
-    NameCorrections(Corrections::kJitterAndFringes);
+    Pass(Gate::kIntegralFringesCorrected);
     MenuItem* const closed[] = {&M.BackToOrigKeld, &M.SetKeldZero,   &M.ShowSAve,         &M.DoGofS,
                                 &M.PlotAvekeld,    &M.PlotRawkeld,   &M.DoPlotGS,         &M.DoPlotGShat,
                                 &M.KeldOut,        &M.PlotCorrected, &M.CorrectedDataOut, &M.KeldOutCorrected};
