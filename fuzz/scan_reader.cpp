@@ -24,13 +24,16 @@ float FieldOf(std::string_view line, std::size_t column, std::size_t length) {
     return line.size() < column ? 0.0F : static_cast<float>(Val(line.substr(column - 1, length)));
 }
 
-/// The quick way either leaves a line alone, or gives the bits of the general one; it reads nothing beyond the line.
+/// The quick way either leaves a line alone, or gives the bits of the general one; it reads nothing beyond the line's end.
 void CheckPlainPoint(std::string_view line) {
-    const auto copy = std::make_unique<char[]>(line.size());
-    std::copy(line.begin(), line.end(), copy.get());
+    const std::size_t size = line.size() + 1;
+    const auto copy = std::make_unique<char[]>(size);
+    *std::copy(line.begin(), line.end(), copy.get()) = '\n';
     ScanPoint point{};
-    if (!ReadPlainPoint({copy.get(), line.size()}, point))
+    const std::size_t taken = ReadPlainPoint({copy.get(), size}, point);
+    if (taken == 0)
         return;
+    Check(taken == size, "a line is taken with its end and no more");
     if (!SameBits(point.radius, FieldOf(line, 4, 7)) || !SameBits(point.signal, FieldOf(line, 11, 15)))
         Broken("the quick way has the bits of the general one", Visible(line));
 }

@@ -24,12 +24,29 @@ inline std::uint64_t Load(const char* at) {
     return bytes;
 }
 
-/// Whether the bytes that `digits` marks with 0xFF are at most 9, and those that `others` marks are 0.
-inline bool AreDigits(std::uint64_t bytes, std::uint64_t digits, std::uint64_t others) {
-    constexpr std::uint64_t kHighHalves = 0xF0F0F0F0F0F0F0F0, kSixes = 0x0606060606060606;
-    const std::uint64_t marked = bytes & digits;
-    return (((marked + (kSixes & digits)) | marked) & kHighHalves) == 0 && (bytes & others) == 0;
-}
+/// What eight characters of a layout have to be: a '0' stands for any digit, a '?' for one from blank to slash, a sign say,
+/// the rest for itself.
+struct Layout {
+    std::uint64_t bytes = 0;
+    std::uint64_t reach = 0;  // what takes a byte that is too large, once `bytes` are off, above its lower half
+
+    consteval explicit Layout(const char (&text)[9]) {
+        for (unsigned i = 0; i < 8; ++i) {
+            const std::uint64_t byte = text[i] == '?' ? ' ' : static_cast<unsigned char>(text[i]);
+            const std::uint64_t least = text[i] == '0' ? 10 : text[i] == '?' ? 16 : 1;
+            bytes |= byte << (8 * i);
+            reach |= (16 - least) << (8 * i);
+        }
+    }
+
+    /// The characters with those of the layout taken off: a digit is its value then.
+    std::uint64_t Without(std::uint64_t characters) const { return characters ^ bytes; }
+
+    /// Has a bit of kMisfits set if what Without has given is not of the layout.
+    std::uint64_t Misfit(std::uint64_t rest) const { return (rest + reach) | rest; }
+};
+
+inline constexpr std::uint64_t kMisfits = 0xF0F0F0F0F0F0F0F0;
 
 /// The number of four digits, one a byte, the first one lowest; what stands above them does not count.
 inline std::uint32_t FourDigits(std::uint64_t digits) {
@@ -55,71 +72,89 @@ inline float Scaled(std::uint32_t digits, int exponent) {
     return static_cast<float>(product);
 }
 
-/// Reads "d.dddd " at the columns of the radius.
-inline bool ReadRadius(const char* at, float& radius) {
-    const std::uint64_t bytes = Load(at) ^ 0x0020303030302E30;
-    if (!AreDigits(bytes, 0x0000FFFFFFFF00FF, 0x00FF00000000FF00))
-        return false;
-    const std::uint32_t digits = static_cast<std::uint32_t>(bytes & 0xF) * 10000 + FourDigits(bytes >> 16);
-    radius = Scaled(digits, -4);
-    return true;
+/// The characters of a signal's signs, those of the layout's '?' taken off.
+inline constexpr unsigned kBlank = ' ' - ' ', kPlus = '+' - ' ', kMinus = '-' - ' ';
+
+/// Whether a signal of these signs is one: a blank or a minus in front, a sign in front of the exponent.
+inline bool AreSigns(unsigned sign, unsigned exponentSign) {
+    constexpr unsigned kInFront = 1U << kBlank | 1U << kMinus, kOfExponent = 1U << kPlus | 1U << kMinus;
+    return ((kInFront >> sign) & (kOfExponent >> exponentSign) & 1) != 0;
 }
 
-/// Reads the two digits of an exponent, with its sign before them.
-inline bool ReadExponent(char sign, const char* digits, int& exponent) {
-    const auto tens = static_cast<unsigned>(digits[0] - '0'), ones = static_cast<unsigned>(digits[1] - '0');
-    if ((sign != '-' && sign != '+') || tens > 9 || ones > 9)
-        return false;
-    const int size = static_cast<int>(10 * tens + ones);
-    exponent = (',' - sign) * size;  // the comma stands between plus and minus
-    return true;
-}
-
-/// Reads "d.dddddE" and an exponent of two digits, or of four of which the first two are zeros, behind a blank or a minus
-/// sign.
-template <int kExponentDigits>
-inline bool ReadSignal(const char* at, float& signal) {
+/// The signal of six digits with five of them behind the point, and an exponent.
+///
+/// Result    false where the power of ten is out of bounds
+inline bool MakeSignal(unsigned sign, std::uint32_t digits, unsigned exponentSign, unsigned exponent, float& signal) {
     constexpr int kDecimals = 5;
-    constexpr int kPadding = kExponentDigits - 2;
-    const char sign = at[-1];
-    const std::uint64_t bytes = Load(at) ^ 0x4530303030302E30;
-    if (!AreDigits(bytes, 0x00FFFFFFFFFF00FF, 0xFF0000000000FF00) || (sign != ' ' && sign != '-'))
+    constexpr int kBetweenSigns = (kPlus + kMinus) / 2;
+    const int power = (kBetweenSigns - static_cast<int>(exponentSign)) * static_cast<int>(exponent) - kDecimals;
+    if (power > kLargestPower || power < -kLargestPower)
         return false;
-    for (int i = 0; i < kPadding; ++i)
-        if (at[9 + i] != '0')
-            return false;
-    int exponent = 0;
-    if (!ReadExponent(at[8], at + 9 + kPadding, exponent))
-        return false;
-    exponent -= kDecimals;
-    if (exponent > kLargestPower || exponent < -kLargestPower)
-        return false;
-    const auto digits =
-        static_cast<std::uint32_t>((bytes & 0xF) * 100000 + FourDigits(bytes >> 16) * 10 + (bytes >> 48));
-    // Noise has either sign: a choice between them would be guessed wrong half the time.
-    const std::uint32_t signBit = sign == '-' ? 0x80000000 : 0;
-    signal = std::bit_cast<float>(std::bit_cast<std::uint32_t>(Scaled(digits, exponent)) | signBit);
+    // Noise has either sign: a choice between them would be guessed wrong half the time. Of the two, a minus is odd.
+    const std::uint32_t signBit = (sign & 1U) << 31;
+    signal = std::bit_cast<float>(std::bit_cast<std::uint32_t>(Scaled(digits, power)) | signBit);
     return true;
+}
+
+inline unsigned Digit(std::uint64_t rest, unsigned place) { return static_cast<unsigned>(rest >> (8 * place)) & 0xF; }
+
+/// "   d.dddd   -d.dddddE-dd", the 24 characters of the interferometer.
+inline bool ReadInterference(const char* at, ScanPoint& point) {
+    constexpr Layout kFirst{"   0.000"}, kSecond{"0   ?0.0"}, kThird{"0000E?00"};
+    const std::uint64_t first = kFirst.Without(Load(at));
+    const std::uint64_t second = kSecond.Without(Load(at + 8));
+    const std::uint64_t third = kThird.Without(Load(at + 16));
+    const unsigned sign = Digit(second, 4), exponentSign = Digit(third, 5);
+    if (((kFirst.Misfit(first) | kSecond.Misfit(second) | kThird.Misfit(third)) & kMisfits) != 0 ||
+        !AreSigns(sign, exponentSign))
+        return false;
+    point.radius = Scaled(Digit(first, 3) * 10000 + FourDigits(first >> 40 | second << 24), -4);
+    const std::uint32_t digits = Digit(second, 5) * 100000 + Digit(second, 7) * 10000 + FourDigits(third);
+    const unsigned exponent = Digit(third, 6) * 10 + Digit(third, 7);
+    return MakeSignal(sign, digits, exponentSign, exponent, point.signal);
+}
+
+/// "   d.dddd -d.dddddE-dddd ", the first 25 characters of the absorbance optics.
+inline bool ReadAbsorbance(const char* at, ScanPoint& point) {
+    constexpr Layout kFirst{"   0.000"}, kSecond{"0 ?0.000"}, kThird{"00E?0000"};
+    const std::uint64_t first = kFirst.Without(Load(at));
+    const std::uint64_t second = kSecond.Without(Load(at + 8));
+    const std::uint64_t third = kThird.Without(Load(at + 16));
+    const unsigned sign = Digit(second, 2), exponentSign = Digit(third, 3);
+    if (((kFirst.Misfit(first) | kSecond.Misfit(second) | kThird.Misfit(third)) & kMisfits) != 0 ||
+        !AreSigns(sign, exponentSign) || at[24] != ' ')
+        return false;
+    point.radius = Scaled(Digit(first, 3) * 10000 + FourDigits(first >> 40 | second << 24), -4);
+    const std::uint32_t digits =
+        Digit(second, 3) * 100000 + FourDigits(second >> 40 | third << 24) * 10 + Digit(third, 1);
+    const unsigned exponent = FourDigits(third >> 32);
+    return MakeSignal(sign, digits, exponentSign, exponent, point.signal);
 }
 
 }  // namespace plain_point
 
 /// Reads a point's line as an interferometer or an absorbance optics writes it: the radius with four decimals in columns
-/// 4 to 10, the signal with five that ends in column 24; its exponent has two digits or, with a column behind it, four.
+/// 4 to 10, behind blanks, the signal with five that ends in column 24; its exponent has two digits or, with a column behind
+/// it, four.
 ///
 ///        5.9007   -5.09242E-03
 ///        5.9110  4.57670E-0002   5.91012E-0003
 ///
-/// Result    false, without a word about the line, for any other layout
+/// Given     ahead    the line, its end, LF or CR LF, and what stands behind it
+/// Result    bytes of the line with its end; 0, without a word about the line, for any other layout
 /// Note      the numbers are those of Val, to the bit. A scan file has two thousand such lines
-inline bool ReadPlainPoint(std::string_view line, ScanPoint& point) {
-    constexpr std::size_t kInterference = 24, kAbsorbance = 25;
-    const char* const at = line.data();
-    if (line.size() == kInterference)
-        return at[10] == ' ' && at[11] == ' ' && plain_point::ReadRadius(at + 3, point.radius) &&
-               plain_point::ReadSignal<2>(at + 13, point.signal);
-    return line.size() >= kAbsorbance && at[24] == ' ' && plain_point::ReadRadius(at + 3, point.radius) &&
-           plain_point::ReadSignal<4>(at + 11, point.signal);
+inline std::size_t ReadPlainPoint(std::string_view ahead, ScanPoint& point) {
+    constexpr std::size_t kSignalEnd = 24;
+    if (ahead.size() <= kSignalEnd)
+        return 0;
+    const char* const at = ahead.data();
+    const char behind = at[kSignalEnd];
+    if (behind == '\n' || (behind == '\r' && ahead.size() > kSignalEnd + 1 && at[kSignalEnd + 1] == '\n'))
+        return plain_point::ReadInterference(at, point) ? kSignalEnd + (behind == '\n' ? 1 : 2) : 0;
+    if (!plain_point::ReadAbsorbance(at, point))
+        return 0;
+    const std::size_t end = ahead.find('\n', kSignalEnd);
+    return end == std::string_view::npos ? 0 : end + 1;
 }
 
 }  // namespace halvern

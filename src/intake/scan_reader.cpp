@@ -31,21 +31,39 @@ std::string_view Part(std::string_view line, Field field) {
     return line.size() < field.column ? std::string_view{} : line.substr(field.column - 1, field.length);
 }
 
+/// A line as it stands in its file, or without its end already.
+std::string_view WithoutEnd(std::string_view line) {
+    if (!line.ends_with('\n'))
+        return line;
+    line.remove_suffix(1);
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    return line;
+}
+
 /// Keeps the last line read, in LineBuf as well: a copy for each of a million lines would cost more than their numbers.
 class LineReader {
   public:
     explicit LineReader(std::int16_t fileNumber) : file_(OpenedForInput(fileNumber)) {}
     ~LineReader() {
         if (line_.data() != nullptr)
-            Store().LineBuf = line_;
+            Store().LineBuf = WithoutEnd(line_);
     }
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
     bool AtEnd() { return file_.AtEnd(); }
     std::string_view Next() {
-        line_ = file_.ReadLine().substr(0, kLineBufCharacters);
-        return line_;
+        line_ = file_.ReadLine();
+        return line_.substr(0, kLineBufCharacters);
+    }
+    /// Reads the next line's point, if it has one of the instruments' layouts; otherwise the line is still the next.
+    bool NextIsPlain(ScanPoint& point) {
+        const std::size_t bytes = ReadPlainPoint(file_.Ahead(), point);
+        if (bytes == 0)
+            return false;
+        line_ = file_.TakeWithEnd(bytes);
+        return true;
     }
 
   private:
@@ -89,12 +107,12 @@ void ReadScan(std::int16_t I, std::int16_t fileNumber) {
         const std::span<float, kMostPoints> radii(&S.ScanData(1, 1, I), kMostPoints);
         const std::span<float, kMostPoints> signals(&S.ScanData(1, 2, I), kMostPoints);
         for (; !lines.AtEnd(); ++J) {
-            const std::string_view line = lines.Next();
             const auto place = static_cast<std::size_t>(J - 1);
-            if (ScanPoint point; place < kMostPoints && ReadPlainPoint(line, point)) [[likely]] {
+            if (ScanPoint point; place < kMostPoints && lines.NextIsPlain(point)) [[likely]] {
                 radii[place] = point.radius;
                 signals[place] = point.signal;
             } else {
+                const std::string_view line = lines.Next();
                 S.ScanData(J, 1, I) = Single(Val(Part(line, kRadius)));
                 S.ScanData(J, 2, I) = Single(Val(Part(line, kSignal)));
             }

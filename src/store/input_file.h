@@ -36,6 +36,16 @@ class InputFile {
     }
     static constexpr std::size_t kLongestLine = 65535;
 
+    /// What the buffer holds of the next lines, for whoever sees at a glance where the first one ends; valid until the next
+    /// call. It is empty when the buffer has to be filled first.
+    std::string_view Ahead() const { return {buffer_.get() + next_, end_ - next_}; }
+    /// Takes the first line of Ahead(), of which so many bytes are known to be one with its end. Returns it with that.
+    std::string_view TakeWithEnd(std::size_t bytes) {
+        const std::string_view line = Ahead().substr(0, bytes);
+        next_ += bytes;
+        return line;
+    }
+
   private:
     static constexpr std::size_t kBufferSize = kLongestLine + 1;
 

@@ -21,20 +21,22 @@ float ValOf(const std::string& line, std::size_t column, std::size_t length) {
 
 bool SameBits(float a, float b) { return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b); }
 
-/// A line is either left to the general way, or gives what that gives.
-::testing::AssertionResult IsAsVal(const std::string& line, bool& isPlain) {
-    // What is read of a line lies within it: behind it there is nothing.
-    const std::unique_ptr<char[]> copy(new char[line.size()]);
-    std::copy(line.begin(), line.end(), copy.get());
+/// A line is either left to the general way, or gives what that gives and is taken with its end.
+::testing::AssertionResult IsAsVal(const std::string& line, const std::string& end, bool& isPlain) {
+    // What is read of a line lies within it and its end: behind them there is nothing.
+    const std::string text = line + end;
+    const std::unique_ptr<char[]> copy(new char[text.size()]);
+    std::copy(text.begin(), text.end(), copy.get());
     ScanPoint point{};
-    isPlain = ReadPlainPoint({copy.get(), line.size()}, point);
+    const std::size_t taken = ReadPlainPoint({copy.get(), text.size()}, point);
+    isPlain = taken != 0;
     if (!isPlain)
         return ::testing::AssertionSuccess();
     const float radius = ValOf(line, 4, 7), signal = ValOf(line, 11, 15);
-    if (SameBits(point.radius, radius) && SameBits(point.signal, signal))
+    if (SameBits(point.radius, radius) && SameBits(point.signal, signal) && taken == text.size())
         return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << '"' << line << "\": " << point.radius << " for " << radius << ", "
-                                         << point.signal << " for " << signal;
+                                         << point.signal << " for " << signal << ", " << taken << " bytes";
 }
 
 struct Line {
@@ -62,7 +64,9 @@ TEST(PlainPoint, IsReadFromTheLayoutsOfTheInstruments) {
         {"   5.9110    1.00000E 03", false},
         {"   5.9110   +1.00000E-03", false},
         {"   5.9110  1.000001E-03", false},
-        {"  15.9110    1.00000E-03", true},
+        {"  15.9110    1.00000E-03", false},
+        {"1  5.9110    1.00000E-03", false},
+        {"   5.9110    1.00000E-03\r ", false},
         {"   5.91101   1.00000E-03", false},
         {"   5,9110    1.00000E-03", false},
         {"   5.9:10    1.00000E-03", false},
@@ -71,11 +75,27 @@ TEST(PlainPoint, IsReadFromTheLayoutsOfTheInstruments) {
         {"   5.9110", false},
         {"", false},
     };
-    for (const auto& line : lines) {
-        bool isPlain = false;
-        EXPECT_TRUE(IsAsVal(line.text, isPlain));
-        EXPECT_EQ(isPlain, line.isPlain) << line.text;
-    }
+    for (const auto& line : lines)
+        for (const char* end : {"\n", "\r\n"}) {
+            bool isPlain = false;
+            EXPECT_TRUE(IsAsVal(line.text, end, isPlain));
+            EXPECT_EQ(isPlain, line.isPlain) << line.text;
+        }
+}
+
+TEST(PlainPoint, IsLeftAloneWhereItsLineHasNoEndYet) {
+    for (const std::string line : {"   5.9007   -5.09242E-03", "   5.9110  4.57670E-0002   5.91012E-0003"})
+        for (const char* behind : {"", "\r"}) {
+            bool isPlain = true;
+            EXPECT_TRUE(IsAsVal(line, behind, isPlain));
+            EXPECT_FALSE(isPlain) << line;
+        }
+}
+
+TEST(PlainPoint, LeavesTheNextLineWhereItIs) {
+    ScanPoint point{};
+    EXPECT_EQ(ReadPlainPoint("   5.9007   -5.09242E-03\n   5.9014   -2.11609E-02\n", point), 25U);
+    EXPECT_EQ(ReadPlainPoint("   5.9110  4.57670E-0002   5.91012E-0003\r\n\n", point), 42U);
 }
 
 TEST(PlainPoint, ScalesEveryNumberOfSixDigitsAsAQuotientDoes) {
@@ -101,7 +121,7 @@ TEST(PlainPoint, HasTheBitsOfValOnAMillionLines) {
             std::snprintf(line, sizeof line, "%9.4f%9.5fE%+05d   5.91012E-0003", radius(random), digits(random),
                           exponent(random));
         bool isPlain = false;
-        ASSERT_TRUE(IsAsVal(line, isPlain));
+        ASSERT_TRUE(IsAsVal(line, "\n", isPlain));
         plain += isPlain ? 1 : 0;
     }
     EXPECT_GT(plain, 750000);
@@ -118,7 +138,7 @@ TEST(PlainPoint, HasTheBitsOfValOnLinesWithAnyCharacterAnywhere) {
             if (i % 7 == 0)
                 other.resize(random() % (other.size() + 1));
             bool isPlain = false;
-            ASSERT_TRUE(IsAsVal(other, isPlain));
+            ASSERT_TRUE(IsAsVal(other, i % 2 == 0 ? "\n" : "\r\n", isPlain));
         }
 }
 
