@@ -18,8 +18,19 @@ void EventGate::Run(const std::function<void()>& event, std::string what) {
     running_.push_back(std::move(what));
     RunToItsEnd(event);
     running_.pop_back();
-    if (running_.empty() && !ended_ && AfterEvent)
+    if (!running_.empty())
+        return;
+    for (QObject* const object : std::exchange(leaving_, {}))
+        object->deleteLater();
+    if (!ended_ && AfterEvent)
         AfterEvent();
+}
+
+void EventGate::DeleteWhenOver(QObject& object) {
+    if (running_.empty())
+        object.deleteLater();
+    else
+        leaving_.push_back(&object);
 }
 
 void EventGate::RunToItsEnd(const std::function<void()>& event) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+class QObject;
+
 namespace halvern {
 
 /// The gate through which every event of the user and of the platform enters the program.
@@ -33,6 +35,10 @@ class EventGate {
     bool HasEnded() const { return ended_; }
     int Status() const { return status_; }
 
+    /// Deletes an object of the toolkit when the outermost event is over, or soon if none is running. A window can be closed
+    /// while a handler that began in one of its own menus passes through the events: the toolkit comes back to that menu.
+    void DeleteWhenOver(QObject& object);
+
     /// What follows every nested event loop: leaves the waiting handler when the program has ended meanwhile.
     void ThrowIfEnded() const;
 
@@ -44,6 +50,7 @@ class EventGate {
     int status_ = 0;
     /// The events that have begun, the outermost first.
     std::vector<std::string> running_;
+    std::vector<QObject*> leaving_;  ///< to be deleted when the outermost event is over
 };
 
 /// Exit status after a run-time failure.

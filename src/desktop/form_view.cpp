@@ -19,7 +19,7 @@ FormView::~FormView() {
     if (!gate_.HasEnded())
         window_->LetGo();
     window_->hide();
-    window_->deleteLater();
+    gate_.DeleteWhenOver(*window_);
 }
 
 void FormView::ControlChanged(Control& /*control*/) {

@@ -19,7 +19,7 @@ namespace halvern {
 class FormView final : public ControlObserver {
   public:
     FormView(Form& form, EventGate& gate);
-    /// The window goes as soon as its event, if it is in one, is over.
+    /// The window goes when the outermost event is over.
     ~FormView();
     FormView(const FormView&) = delete;
     FormView& operator=(const FormView&) = delete;

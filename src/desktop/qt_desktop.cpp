@@ -4,11 +4,14 @@
 #include <QBuffer>
 #include <QByteArray>
 #include <QClipboard>
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QPointer>
 #include <QScreen>
 #include <QTimer>
+#include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 #include "desktop/image_bitmap.h"
@@ -175,9 +178,33 @@ void QtDesktop::DoEvents() {
     gate_.ThrowIfEnded();
 }
 
-/// The windows go on painting meanwhile; what the user does waits until afterwards.
+bool QtDesktop::AllShownAreOnTheScreen() const {
+    return std::all_of(forms_.begin(), forms_.end(), [](const auto& shown) {
+        const FormWindow* const window = shown.second->Window();
+        return window == nullptr || !window->isVisible() || window->windowHandle()->isExposed();
+    });
+}
+
+/// A window manager may take its time; without one, or with none that tells, the user waits no longer than this.
+void QtDesktop::AwaitTheScreen() {
+    constexpr std::chrono::milliseconds kLongest{1000}, kBetweenLooks{5};
+    const QDeadlineTimer deadline(kLongest);
+    QEventLoop loop;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &loop, [&] {
+        if (AllShownAreOnTheScreen() || deadline.hasExpired())
+            loop.quit();
+    });
+    look.start(kBetweenLooks);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+/// Counted from when the windows are on the screen. They go on painting meanwhile; what the user does waits until
+/// afterwards.
 void QtDesktop::Sleep(int milliseconds) {
     gate_.ThrowIfEnded();
+    if (!AllShownAreOnTheScreen())
+        AwaitTheScreen();
     QEventLoop loop;
     QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);

@@ -78,6 +78,8 @@ class QtDesktop : public Desktop {
     QWidget* OpenBox();
     void CloseBox(QWidget* parent);
     void CountBoxes(int more);
+    bool AllShownAreOnTheScreen() const;
+    void AwaitTheScreen();
     void ProgressStandsBack();
     std::optional<std::string> AskForFile(const FileDialog& dialog, FileDialogKind kind);
     void ShowPointer();

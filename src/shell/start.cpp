@@ -71,10 +71,11 @@ void Main() {
     RefuseSecondInstance();
     S.RevisionText = RevisionNumbers();
     S.PickDataLimits = true;
-    if (!TheDesktop().PrinterNames().empty())
-        S.DefaultPrinterName = GetDefaultPrinter();
     S.SavePlotFiles = -1;
     ShowSplash();
+    // Not before the splash: a print system that is slow to answer has its time to do so.
+    if (!TheDesktop().PrinterNames().empty())
+        S.DefaultPrinterName = GetDefaultPrinter();
     MainForm().Load();
     S.ProgramDir = CurrentFolder();
     AddLine(Concat({" ", S.ProgramName}));

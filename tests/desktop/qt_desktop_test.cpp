@@ -4,8 +4,11 @@
 
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QPointer>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
+#include <QWindow>
 
 #include <stdexcept>
 
@@ -86,6 +89,41 @@ TEST_F(TheQtDesktop, GoesOnWhileAHandlerHasNoFormLoaded) {
     });
     EXPECT_TRUE(wentOn);
     EXPECT_EQ(status, 0);
+}
+
+TEST_F(TheQtDesktop, SleepsFromWhenItsWindowsAreOnTheScreen) {
+    bool wasOnTheScreen = false;
+    EXPECT_EQ(desktop.Run([&] {
+        first.Show();
+        TheDesktop().Sleep(0);
+        wasOnTheScreen = desktop.WindowOf(first)->windowHandle()->isExposed();
+        EndProgram();
+    }),
+              0);
+    EXPECT_TRUE(wasOnTheScreen);
+}
+
+TEST_F(TheQtDesktop, KeepsAWindowThatIsClosedAmidAHandlerOfItsOwnUntilThatIsOver) {
+    QPointer<QWidget> window;
+    bool isGone = false, wasThereAfterwards = false;
+    const int status = desktop.Run([&] {
+        second.Show();
+        first.Show();
+        window = desktop.WindowOf(first);
+        QObject::connect(window, &QObject::destroyed, [&] { desktop.WindowOf(second)->close(); });
+        first.Command1.Click = [&] {
+            QTimer::singleShot(0, window, [&] { window->close(); });
+            for (int i = 0; i < 3; ++i)
+                DoEvents();
+            isGone = !first.IsLoaded();
+            wasThereAfterwards = window != nullptr;
+        };
+        QTimer::singleShot(0, [&] { Press(first, first.Command1); });
+    });
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(isGone);
+    EXPECT_TRUE(wasThereAfterwards);
+    EXPECT_EQ(window, nullptr);
 }
 
 TEST_F(TheQtDesktop, EndsByAProgramEndInItsFirstEvent) {

@@ -92,6 +92,23 @@ TEST_F(Start, WithoutAPrinterKeepsPrintingOutOfReach) {
     EXPECT_FALSE(Menus().PrintDummy1.IsEnabled());
 }
 
+/// Notes what had happened when the printers were first asked for.
+struct AskedDesktop : test::TestDesktop {
+    Lines storyBefore;
+    std::vector<std::string> PrinterNames() override {
+        if (storyBefore.empty())
+            storyBefore = story;
+        return TestDesktop::PrinterNames();
+    }
+};
+
+TEST(StartWithASlowPrintSystem, ShowsTheSplashBeforeItWaitsForThePrinters) {
+    AskedDesktop desktop;
+    Main();
+    EXPECT_EQ(desktop.storyBefore, (Lines{"load Splash1", "show Splash1", "100 passes", "sleep 1750", "hide Splash1",
+                                          "unload Splash1", "10 passes"}));
+}
+
 TEST_F(Start, TicksTheDefaultPrinterInBothMenus) {
     desktop.printers = {"Ink", "Laser"};
     desktop.defaultPrinter = "Laser";
