@@ -45,15 +45,18 @@ std::string_view WithoutEnd(std::string_view line) {
 class LineReader {
   public:
     explicit LineReader(std::int16_t fileNumber) : file_(OpenedForInput(fileNumber)) {}
-    ~LineReader() {
-        if (line_.data() != nullptr)
-            Store().LineBuf = WithoutEnd(line_);
-    }
+    ~LineReader() { Keep(); }
     LineReader(const LineReader&) = delete;
     LineReader& operator=(const LineReader&) = delete;
 
-    bool AtEnd() { return file_.AtEnd(); }
+    bool AtEnd() {
+        if (file_.Ahead().empty())
+            Keep();
+        return file_.AtEnd();
+    }
     std::string_view Next() {
+        if (file_.Ahead().find('\n') == std::string_view::npos)
+            Keep();
         line_ = file_.ReadLine();
         return line_.substr(0, kLineBufCharacters);
     }
@@ -67,6 +70,13 @@ class LineReader {
     }
 
   private:
+    /// The line goes into LineBuf, and lies in the file's buffer no more: reading on may move that, and then fail.
+    void Keep() {
+        if (line_.data() != nullptr)
+            Store().LineBuf = WithoutEnd(line_);
+        line_ = {};
+    }
+
     InputFile& file_;
     std::string_view line_;
 };

@@ -166,6 +166,22 @@ TEST_F(Jitter, IsRemovedWithAllThatDependsOnIt) {
         EXPECT_EQ(S.JitterOffset(K), 0.0F);
 }
 
+TEST_F(Jitter, OnceRemovedLeavesGOfSToBeReachedByANewZeroLevel) {
+    Signals(Ramp);
+    CorrectAt(20);
+    const auto comeToTheRange = [&] {
+        M.KeldIt.Click();
+        EXPECT_FALSE(M.DoGofS.IsEnabled());
+        M.SetKeldZero.Click();
+        Done();
+        EXPECT_TRUE(M.DoGofS.IsEnabled());
+    };
+    comeToTheRange();
+    M.NoJitterCorrection.Click();
+    EXPECT_FALSE(M.DoGofS.IsEnabled() || M.SetKeldZero.IsEnabled());
+    comeToTheRange();
+}
+
 TEST_F(Jitter, StartsASecondVisitAtTheMeniscus) {
     Signals(Ramp);
     CorrectAt(20);

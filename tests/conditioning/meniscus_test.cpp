@@ -84,6 +84,16 @@ TEST_F(Meniscus, OfInterferenceDataOffersTheCorrectionsWithTheFirstPick) {
     EXPECT_TRUE(Menus().DoIntShift.IsEnabled());
 }
 
+TEST_F(Meniscus, OfOtherDataOffersNoCorrections) {
+    session.LoadSpeeds({42000, 42000, 42000, 42000});
+    EXPECT_FALSE(Menus().DoReAddNow.IsShown());
+    Menus().Get_MenFromScan.Click();
+    Pick(5.905F);
+    plot.Command1.Click();
+    EXPECT_FALSE(Menus().SetJitterLimits.IsEnabled());
+    EXPECT_FALSE(Menus().DoIntShift.IsEnabled());
+}
+
 TEST_F(Meniscus, IsPickedSpeedBySpeed) {
     session.LoadSpeeds({42000, 42000, 30000, 30000, 42000});
     const auto before = test::ReportLines().size();

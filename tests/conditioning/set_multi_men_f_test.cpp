@@ -127,6 +127,8 @@ TEST_F(SetMultiMenFTest, SpreadsTheValuesOverTheRunsAndTellsThem) {
     EXPECT_FALSE(Menus().KeldIt.IsEnabled());
     EXPECT_TRUE(Menus().DoWideStraight.IsEnabled());
     EXPECT_TRUE(Menus().UseWSSmoothing.IsEnabled());
+    EXPECT_FALSE(Menus().SetJitterLimits.IsEnabled());
+    EXPECT_FALSE(Menus().DoIntShift.IsEnabled());
 }
 
 TEST_F(SetMultiMenFTest, DisablesDcDtThatWasOffered) {

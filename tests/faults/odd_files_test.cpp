@@ -13,10 +13,13 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "faults/failing_calls.h"
 #include "faults/rig.h"
+#include "intake/scan_reader.h"
 #include "store/analysis_store.h"
 #include "store/file_calls.h"
 #include "store/files.h"
@@ -214,6 +217,23 @@ TEST_F(OddFiles, AFileThatShrinksWhileItIsReadEndsThere) {
     EXPECT_LT(lines, 10000) << "what the buffer held";
     EXPECT_FAILURE(62, ReadLine(1));
     Close(1);
+}
+
+// A file of the system's own says that it is empty, and so is read in pieces of a buffer that grows.
+TEST_F(OddFiles, OfAScanThatCannotBeReadOnTheLastLineReadIsKept) {
+    const std::string text = ContentOf("/proc/self/status");
+    Store().FileNames(0) = "/proc/self/status";
+    std::set<std::string> kept;
+    for (int call = 3; call < 12; ++call) {
+        Store().LineBuf = "";
+        test::BeginFaults("/proc", {.call = call, .error = EIO});
+        ReadScanFile(1);
+        test::EndFaults();
+        kept.emplace(RightTrimmed(Store().LineBuf));
+    }
+    EXPECT_GE(kept.size(), 3U);
+    for (const std::string& line : kept)
+        EXPECT_TRUE(line.empty() || ("\n" + text).find("\n" + line + "\n") != std::string::npos) << line;
 }
 
 TEST_F(OddFiles, TheCurrentFolderMayGoAway) {

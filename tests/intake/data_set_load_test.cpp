@@ -237,6 +237,49 @@ TEST_F(Load, CountsAPlaceWhenItIsPassedWithAGoodFile) {
                            " 11 valid data files were found."}));
 }
 
+TEST_F(Load, CountsAPlaceWhenItIsPassedWithTheEnd) {
+    Lines seen;
+    desktop.atPass = [&] { seen.push_back(test::ReportLines().back()); };
+    std::vector<int> points(11, 12);
+    points[9] = 5;  // the last but one
+    LoadList(WriteScans(points));
+    EXPECT_EQ(seen, (Lines{"11 Data Files Found.", " * Reading Files *", " -0-", " -10-",
+                           " 10 valid data files were found."}));
+    EXPECT_EQ(Store().FileNames(9).Name(), "scan11");
+
+    // The last one: its place is gone, and is not counted at all.
+    seen.clear();
+    points.pop_back();
+    LoadList(WriteScans(points));
+    EXPECT_EQ(seen, (Lines{"10 Data Files Found.", " * Reading Files *", " -0-", " 9 valid data files were found."}));
+}
+
+TEST_F(Load, KeepsTheCountOfADroppedFileWhereTheNextOneFails) {
+    const auto list = WriteScans({12, 5, 12, 12, 12, 12});
+    folder.Write("scan3", "one line");
+    LoadList(list);
+    // Place 2 has been read three times.
+    EXPECT_EQ(Store().ScanPoints(2), 12);
+    EXPECT_EQ(Store().FileNames(1).Name(), "scan4");
+    EXPECT_EQ(test::ReportLines().back(), " 4 valid data files were found.");
+
+    // With the failing file as the last but one its place ends as the dropped file before it has left it.
+    const auto other = WriteScans({12, 12, 12, 5, 12, 12});
+    folder.Write("scan5", "one line");
+    LoadList(other);
+    EXPECT_EQ(Store().NumFiles, 4);
+    EXPECT_EQ(Store().ScanPoints(4), 5);
+    EXPECT_EQ(Store().FileNames(3).Name(), "scan6");
+}
+
+TEST_F(Load, LeavesThePointsOfADroppedLongFileBelowThoseOfAShorterOne) {
+    LoadList(WriteScans({12, 2049, 12, 12, 12}));
+    EXPECT_EQ(Store().ScanPoints(2), 12);
+    EXPECT_EQ(Store().FileNames(1).Name(), "scan3");
+    EXPECT_NE(Store().ScanData(13, 1, 2), 0.0F);
+    EXPECT_EQ(Store().ScanData(13, 1, 1), 0.0F);
+}
+
 TEST_F(Load, FindsRunsOfEqualSpeed) {
     LoadList(WriteSpeeds({42000, 42000, 30000, 30000, 42000}));
     const auto& S = Store();
@@ -312,6 +355,15 @@ TEST_F(Load, StopsWithoutAWordWhenTheListCannotBeRead) {
     EXPECT_TRUE(test::ReportLines().empty());
     EXPECT_TRUE(desktop.messages.empty());
     EXPECT_EQ(desktop.pointer, kPointerNormal);
+}
+
+TEST_F(Load, ShowsWhatWasReachedOfAListThatStopsInTheMiddle) {
+    // The memory of this process can be opened, and has nothing at its beginning that could be read.
+    LoadList("/proc/self/mem");
+    EXPECT_EQ(test::ReportLines(), Lines{Using("/proc/self/mem")});
+    EXPECT_TRUE(desktop.messages.empty());
+    EXPECT_EQ(desktop.pointer, kPointerNormal);
+    EXPECT_EQ(Store().NumSpeeds, 0);
 }
 
 TEST_F(Load, TakesALineWholeAsAName) {
@@ -414,6 +466,31 @@ TEST_F(Load, EndsAt502FilesWithTheListOpen) {
     EXPECT_EQ(Store().NumFiles, 7) << "the old value";
     EXPECT_EQ(FreeFile(), 2);
     EXPECT_EQ(Store().FileNum, 1);
+}
+
+TEST_F(Load, EndsAtAnyLineBehind501Files) {
+    const auto names = test::ContentOf(WriteManyNames(folder, 501));
+    for (const std::string line : {"missing", ""}) {
+        const auto list = folder.Write("behind.LST", names + line + "\r\n");
+        const auto before = test::ReportLines().size();
+        LoadList(list);
+        EXPECT_EQ(test::ReportLines().size(), before + 1) << '"' << line << '"';
+        EXPECT_EQ(test::ReportLines().back(), Using(list));
+        EXPECT_EQ(Store().NumFiles, 0);
+    }
+}
+
+TEST_F(Load, Behind501FilesTakesAFailingFileForTheScanThatStoodThere) {
+    desktop.answers.assign(500, Answer::kYes);
+    LoadList(WriteManyNames(folder, 501));
+    // Nothing was wiped, since no data set stood.
+    const auto list = WriteScans({14, 12, 14, 14, 14});
+    folder.Write("scan2", "one line");
+    LoadList(list);
+    EXPECT_EQ(Store().NumFiles, 5);
+    EXPECT_EQ(Store().ScanPoints(2), 12) << "of scan 2 of the 501";
+    EXPECT_EQ(Store().FileNames(1).Name(), "scan2");
+    EXPECT_EQ(test::ReportLines().back(), " 5 valid data files were found.");
 }
 
 TEST_F(Load, KeepsFiveHundredFailedFilesOpen) {

@@ -114,6 +114,15 @@ TEST_F(ScanReader, FailsAtPoint2049AndKeepsWhatItRead) {
     EXPECT_EQ(FreeFile(), 2) << "the file stays open";
 }
 
+TEST_F(ScanReader, KeepsTheRadiusOfAPointWhoseSignalFails) {
+    Read(1, "\r\n" + std::string(kHeader) + DataLines(1) + "   6.1000    1.00000E+39\r\n" + DataLines(1));
+    EXPECT_EQ(Store().ScanPoints(1), 0);
+    EXPECT_EQ(Store().ScanData(1, 2, 1), 0.1F);
+    EXPECT_EQ(Store().ScanData(2, 1, 1), 6.1F);
+    EXPECT_EQ(Store().ScanData(2, 2, 1), 0.0F);
+    EXPECT_EQ(Store().ScanData(3, 1, 1), 0.0F);
+}
+
 TEST_F(ScanReader, OnlyACapitalPMeansInterference) {
     for (const char type : {'p', ' ', 'R', 'Q'}) {
         Read(1, "\r\n" + Header(type, "45000", "1E10") + DataLines(1));

@@ -86,6 +86,23 @@ TEST_F(MainWindowTest, KeepsTheDataOnNo) {
     EXPECT_EQ(test::ReportLines(), report);
 }
 
+TEST_F(MainWindowTest, KeepsAnOpenPickOnNo) {
+    desktop.choices = {test::WriteDataSet(folder, 5)};
+    Menus().GetListNow.Click();
+    Menus().Get_MenFromScan.Click();
+    desktop.answers = {Answer::kNo};
+    MainForm().Unload();
+    const auto& S = Store();
+    EXPECT_TRUE(PlotitForm().IsShown());
+    EXPECT_TRUE(PlotitForm().Command1.IsShown());
+    EXPECT_TRUE(S.PickMeniscus && S.PlotReady);
+    EXPECT_EQ(S.PlotCount, 24);
+    PlotitForm().Form_MouseUp(kLeftButton, kCtrl, 50.0F, 50.0F);
+    PlotitForm().Command1.Click();
+    EXPECT_EQ(S.ScanMeniscus(5), S.Meniscus);
+    EXPECT_NE(S.Meniscus, kDefaultMeniscus);
+}
+
 TEST_F(MainWindowTest, UnloadsThePlotWindowAndGoesOnYes) {
     desktop.answers = {Answer::kYes};
     Menus().AllDone.Click();
