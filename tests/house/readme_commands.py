@@ -1,19 +1,23 @@
 #!/usr/bin/env python3
-"""readme_commands.py TOP REPLAY SIMULATE: what the documents tell the reader to run is there, and does what they show.
+"""readme_commands.py TOP REPLAY SIMULATE [CTEST BUILD]: what the documents tell the reader to run is there, and does what
+they show.
 
 Scripts are looked at, not run. SIMULATE, the built halvern-simulate, makes the sample anew in a folder of the test's
-own; there REPLAY, the built halvern-replay, runs the session scripts of the README.
+own; there REPLAY, the built halvern-replay, runs the session scripts of the README. CTEST knows the names of the tests of
+the folder BUILD: without them nobody asks whether a pattern of the documents names any.
 """
 
 import json
 import os
 import pathlib
 import re
+import shlex
 import subprocess
 import sys
 import tempfile
 
 FENCE = re.compile(r"^```\w*\n(.*?)^```$", re.MULTILINE | re.DOTALL)
+INDENTED = re.compile(r"(?:\A|(?<=\n\n))(?: {4}.*\n(?:\n(?= {4}))?)+")
 CODE = re.compile(r"`([^`\n]+)`")
 LINK = re.compile(r"\]\(([^)#]+)[^)]*\)")
 PATH = re.compile(r"^(?:\.ci|scripts|samples|docs|tests|src)/[\w./-]*$")
@@ -23,24 +27,51 @@ STEP = re.compile(r"^\d+\. .*$", re.MULTILINE)
 CAPTION = re.compile(r"(?<!\\)\*((?:\\.|[^*\\])+)\*")
 MENU = re.compile(r'^menu: .*? "(.*)"$', re.MULTILINE)
 FIGURE = re.compile(r"\d+\.\d{3,}")
-IN_BUILD = re.compile(r"^build/([\w-]+)/src/(\w+)/([\w-]+)$")
+IN_BUILD = re.compile(r"^build/([a-z-]+)/(?:src|tests)/")
+SCRIPT = re.compile(r"^(?:scripts|\.ci)/[\w-]+$")
+PRESET = re.compile(r"^[a-z][a-z-]*$")  # and no "[preset]", PRESET or option
+NAME = re.compile(r"^ *Test +#\d+: (.*)$", re.MULTILINE)
+PRESET_AT = {"scripts/test": 1, "scripts/environments": 1, "scripts/random-user": 3}
 
 
 def commands(text):
     """Every command and path of a document: the lines of its blocks, without their comments, and what is in code type."""
-    blocks = [line.removeprefix("$ ") for block in FENCE.findall(text) for line in block.splitlines()]
-    lines = blocks + CODE.findall(FENCE.sub("", text))
-    return [words for line in lines if (words := line.split(" #")[0].split())]
+    unfenced = FENCE.sub("", text)
+    blocks = FENCE.findall(text) + INDENTED.findall(unfenced)
+    lines = [line.strip().removeprefix("$ ") for block in blocks for line in block.splitlines()]
+    lines += [code.replace("\\|", "|") for code in CODE.findall(INDENTED.sub("", unfenced))]  # as tables have them
+    return [words for line in lines if (words := words_of(line.split(" #")[0]))]
+
+
+def words_of(line):
+    try:
+        return shlex.split(line)
+    except ValueError:  # an apostrophe
+        return line.split()
 
 
 def presets_named(words):
-    if words[0] == "scripts/test" and len(words) > 1 and words[1].isalpha():  # and no "[preset]"
-        yield words[1]
+    for script, place in PRESET_AT.items():
+        at = words.index(script) + place if script in words else len(words)
+        yield from filter(PRESET.match, words[at:at + 1])
     yield from (after for word, after in zip(words, words[1:]) if word == "--preset")
     yield from (built[1] for word in words if (built := IN_BUILD.match(word)))
 
 
-def missing(top, document, presets):
+def patterns_named(words):
+    """What a run of the tests is narrowed to; each side of an "or" by itself."""
+    if "scripts/test" in words or words[0] == "ctest":
+        for word, after in zip(words, words[1:]):
+            if word in ("-R", "--tests-regex"):
+                yield from after.split("|")
+
+
+def names_of_tests(ctest, build):
+    told = subprocess.run([ctest, "--test-dir", build, "-N"], capture_output=True, text=True, check=True).stdout
+    return NAME.findall(told) or sys.exit(f"{build} has no tests")
+
+
+def missing(top, document, presets, tests):
     text = document.read_text(encoding="utf-8")
     for link in LINK.findall(text):
         if "://" not in link and not (document.parent / link).exists():
@@ -49,11 +80,15 @@ def missing(top, document, presets):
         for word in filter(PATH.match, words):
             if not (top / word).exists():
                 yield f"there is no {word}"
-        if re.match(r"(scripts|\.ci)/\w+$", words[0]) and not os.access(top / words[0], os.X_OK):
-            yield f"{words[0]} can't be run"
+        for word in filter(SCRIPT.match, words):
+            if not os.access(top / word, os.X_OK):
+                yield f"{word} can't be run"
         for preset in presets_named(words):
             if preset not in presets:
                 yield f"there is no preset {preset}"
+        for pattern in patterns_named(words) if tests else ():
+            if not any(re.search(pattern, test) for test in tests):
+                yield f"no test is named so: {pattern}"
 
 
 def make_sample(top, simulate, folder):
@@ -105,10 +140,13 @@ def not_left(top, made):
 
 def main():
     top, replay, simulate = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2], sys.argv[3]
+    tests = names_of_tests(*sys.argv[4:]) if len(sys.argv) > 4 else []
     readme = top / "README.md"
     presets = {preset["name"] for preset in json.loads((top / "CMakePresets.json").read_text())["configurePresets"]}
-    documents = [readme, *sorted(top.glob("*/README.md")), *sorted((top / "docs").glob("**/*.md"))]
-    found = [f"{document}: {what}" for document in dict.fromkeys(documents) for what in missing(top, document, presets)]
+    documents = [readme, top / "CONTRIBUTING.md", *sorted(top.glob("*/README.md")), *sorted(top.glob("*/*/README.md")),
+                 *sorted((top / "docs").glob("**/*.md"))]
+    documents = list(dict.fromkeys(documents))
+    found = [f"{document}: {what}" for document in documents for what in missing(top, document, presets, tests)]
     with tempfile.TemporaryDirectory() as scratch:
         folder = pathlib.Path(scratch).resolve()
         made = make_sample(top, simulate, folder)

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """The order of the rooms: rooms.py SRC lists the includes under SRC that run against it, and fails if there are any.
 
-A room may include itself and the rooms on the floors under it, and a few of its neighbours; the core, all rooms up to
+A room may include itself and the rooms on the floors under it, and a few of its neighbours; render takes of the program
+only the headers of ui, and replay of render only the one that the loaded module is known by; the core, all rooms up to
 shell, includes no header of the toolkit; headers are named from SRC on, never by way of "." or "..".
 """
 
@@ -20,6 +21,10 @@ FLOORS = [
 ]
 SIDEWAYS = {("conditioning", "output"), ("wide", "analysis"), ("output", "analysis")}
 ALONE = ["simulate"]
+# A loaded module that linked the core would have a second store: it takes no other room's headers.
+ONLY_ROOM = {"render": "ui"}
+# What of a room below is all that a room knows.
+ONLY_HEADER = {("replay", "render"): "render/drawing.h"}
 
 FLOOR = {room: floor for floor, rooms in enumerate(FLOORS) for room in rooms}
 HIGHEST_OF_CORE = FLOOR["shell"]
@@ -43,6 +48,10 @@ def complaint(room, header):
         return f"{room} includes {header} of a room above it"
     if FLOOR[other] == FLOOR[room] and (room, other) not in SIDEWAYS:
         return f"{room} includes {header} of a room beside it"
+    if other != ONLY_ROOM.get(room, other):
+        return f"{room} includes {header}, and takes only headers of {ONLY_ROOM[room]}"
+    if header != ONLY_HEADER.get((room, other), header):
+        return f"{room} includes {header}, and knows only {ONLY_HEADER[room, other]} of that room"
     return None
 
 

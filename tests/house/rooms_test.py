@@ -37,9 +37,23 @@ class Rooms(unittest.TestCase):
         self.put("store/report.cpp", '#include "store/report.h"', "#include <string>", '#include "ui/list_box.h"')
         self.put("shell/start.cpp", '#include "intake/data_set_load.h"', '#include "ui/desktop.h"')
         self.put("desktop/main.cpp", "#include <QApplication>", '#include "shell/start.h"')
-        self.put("render/image_canvas.h", "#include <QImage>", '#include "plot/paint.h"')
-        self.put("replay/main.cpp", '#include "render/image_canvas.h"')
+        self.put("desktop/form_window.h", '#include "render/image_canvas.h"')
+        self.put("render/image_canvas.h", "#include <QImage>", '#include "ui/canvas.h"', '#include "render/stamp.h"')
+        self.put("replay/render.cpp", '#include "render/drawing.h"', '#include "plot/plot_window.h"')
         self.expect_good()
+
+    def test_drawing_takes_of_the_program_only_the_headers_of_ui(self):
+        self.put("render/image_canvas.h", "#include <QImage>", '#include "plot/paint.h"')
+        self.put("render/drawing.cpp", '#include "store/failure.h"', '#include "shell/start.h"')
+        self.expect(
+            "render/drawing.cpp:1: render includes store/failure.h, and takes only headers of ui",
+            "render/drawing.cpp:2: render includes shell/start.h, and takes only headers of ui",
+            "render/image_canvas.h:2: render includes plot/paint.h, and takes only headers of ui",
+        )
+
+    def test_the_replay_knows_one_header_of_drawing(self):
+        self.put("replay/main.cpp", '#include "render/image_canvas.h"')
+        self.expect("replay/main.cpp:1: replay includes render/image_canvas.h, and knows only render/drawing.h of that room")
 
     def test_a_room_does_not_include_one_above_it(self):
         self.put("ui/control.h", "#pragma once", "", "#include <string>", '#include "store/val.h"')
