@@ -8,6 +8,7 @@
 #include "store/format.h"
 #include "store/numeric.h"
 #include "store/single.h"
+#include "store/svedberg.h"
 
 namespace halvern {
 
@@ -25,8 +26,8 @@ Sums SumOver(const Curve& distribution) {
     const auto& S = Store();
     Sums sums;
     for (std::int32_t I = FirstPointInUse(); I <= LastPointInUse(); ++I) {
-        const double s = S.SStar(I) * 1E13;
-        const double g = distribution(I) * 1E-13;
+        const double s = S.SStar(I) * kPerSvedberg;
+        const double g = distribution(I) * kSvedberg;
         const double e2 = Squared(S.GStarSem(I));
         sums.A0 += Quotient(g, s);
         sums.A1 += g;

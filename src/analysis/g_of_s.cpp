@@ -10,12 +10,12 @@
 #include "store/menu_gates.h"
 #include "store/numeric.h"
 #include "store/single.h"
+#include "store/svedberg.h"
 
 namespace halvern {
 
 namespace {
 
-constexpr double kSvedberg = 1E-13;
 constexpr float kSmallestForG = 5E-15F;        // 0.05 Svedberg
 constexpr float kSmallestForPlateau = 1E-14F;  // 0.1 Svedberg
 constexpr int kPlateauPasses = 3;
@@ -99,6 +99,7 @@ void PairStatistics() {
 
 void CalculateDistributions() {
     auto& S = Store();
+    // Kept: a single here, and not in Plateau.
     const double Omega2 = Single(OmegaSquared());
     const double SedTime = S.SedTime;
     for (std::int32_t I = 1; I <= S.SPoints; ++I)

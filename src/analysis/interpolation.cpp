@@ -5,12 +5,11 @@
 
 #include "analysis/linear_interpolation.h"
 #include "store/single.h"
+#include "store/svedberg.h"
 
 namespace halvern {
 
 namespace {
-
-constexpr double kSvedberg = 1E-13;
 
 template <class Grid>
 GridValues ValuesOf(Grid gridAt) {

@@ -48,6 +48,7 @@ void InterpolateScans() {
     }
 }
 
+// Kept: with no such point the one of an earlier dc/dt stays.
 void FindFirstGridPoint() {
     auto& S = Store();
     for (std::int16_t I = 1; I <= S.GridPoints; ++I)
@@ -72,18 +73,12 @@ void ChooseDeltaS() {
     }
 }
 
-void PassEventsAndScroll() {
-    DoEvents();
-    ScrollReport();
-    DoEvents();
-}
-
 void ReportDeltaS() {
     AddLine(" ");
     AddLine(" * Calculating dc/dt *");
     AddLine(" ");
     AddLine(Concat({" DeltaS has been set to ", Format(Store().DeltaS, kDeltaSPattern)}));
-    PassEventsAndScroll();
+    ScrollReportAtOnce();
 }
 
 /// Ln(radius / meniscus) of the grid points, up to and including the one that crosses 7.2 cm. They belong to the radius,
@@ -184,7 +179,7 @@ void ReportLargestMass(float MaxMass) {
     AddLine(" ");
     AddLine(" The approximate highest molecular mass present that will not");
     AddLine(Concat({" show significant peak broadening is ", Format(MaxMass, kMassPattern), " kDa"}));
-    PassEventsAndScroll();
+    ScrollReportAtOnce();
 }
 
 }  // namespace

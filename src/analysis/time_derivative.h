@@ -22,7 +22,8 @@ void CalculateRates();
 ///           RatePairs, AveRateRaw, AveRate, RateWork   signal per second; earlier less later scan: positive where the
 ///                                signal falls
 ///           SedTime              harmonic mean time of the last pair, seconds
-/// Fails     11 or 5 with equal or impossible times, 9 without a grid point at or beyond the meniscus
+/// Fails     11 or 5 with equal or impossible times, 9 without a grid point at or beyond the meniscus, as long
+///           as no dc/dt has found one: an earlier FirstGridPoint stays, also of another data set
 void KeldIt_Click();
 
 /// The plot request for the dc/dt of all pairs; the caller has set its texts.

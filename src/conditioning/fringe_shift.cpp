@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "conditioning/scans_of_pick.h"
 #include "output/scan_plots.h"
 #include "plot/plot_request.h"
 #include "plot/plot_window.h"
@@ -25,7 +26,7 @@ constexpr float kSumRounding = 0x1p-18F;  // per fringe of the mean
 void ShowPick() {
     auto& S = Store();
     RequestFiller request;
-    for (const std::int32_t K : {1, S.NumFiles / 2, S.NumFiles}) {
+    for (const std::int32_t K : ScansOfPick()) {
         const auto pointAt = [&](std::int32_t I) { return PlotPoint{S.GridRadius(I), S.GridSignal(I, K)}; };
         request.Line(1, S.GridPoints, K, pointAt);
         request.Symbols(1, S.GridPoints, K, pointAt);

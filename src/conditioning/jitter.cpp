@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "conditioning/scans_of_pick.h"
 #include "plot/plot_request.h"
 #include "plot/plot_window.h"
 #include "plot/show_plot.h"
@@ -15,9 +16,6 @@ namespace halvern {
 namespace {
 
 constexpr std::int32_t kHalfWindow = 10;  // points; an offset is the mean of 21
-
-/// The scans of the pick: the first, one in the middle, the last.
-std::array<std::int32_t, 3> ScansOfPick() { return {1, Store().NumFiles / 2, Store().NumFiles}; }
 
 /// The request of the first half of the three scans with their menisci brought to that of scan 1. `signalAt` gives the
 /// signal of point I of scan K.

@@ -21,7 +21,7 @@ void SetPickTexts() {
     auto& S = Store();
     S.PlotHelp1 = "Use <Ctrl>LMB to Set the Meniscus Position";
     S.PlotXTitle = "Radius (cm)";
-    S.PlotYTitle = S.IsInterference ? "Fringes" : "Conc";
+    S.PlotYTitle = SignalTitle();
 }
 
 /// Lines in the colour of one curve, then symbols, of one scan as it was read; then the pick is up.

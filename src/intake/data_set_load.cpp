@@ -123,9 +123,7 @@ void TellOfSeveralSpeeds() {
     MsgBox("Multiple speeds have been found.  These datasets\r\ncan only be used to calculate Wide Distributions!",
            kOkOnly, "Multiple Speed Data");
     AddLine(Concat({"Datasets from ", Format(Store().NumSpeeds, kSpeeds), " different speeds were found."}));
-    DoEvents();
-    ScrollReport();
-    DoEvents();
+    ScrollReportAtOnce();
 }
 
 void OpenNextMenus() {

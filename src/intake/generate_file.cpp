@@ -176,9 +176,7 @@ void GenerateFile::OKMakeFile_Click() {
     AddLine(Format(Store().FoundFiles, kFilesFound));
     if (SaveList(ListName(first, Increment)))
         Unload();
-    DoEvents();
-    ScrollReport();
-    DoEvents();
+    ScrollReportAtOnce();
 }
 
 void GenerateFile::Command1_Click() { Unload(); }

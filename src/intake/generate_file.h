@@ -41,7 +41,7 @@ class GenerateFile : public Form {
     void Command1_Click();
 };
 
-/// File, "Make a List File".
+/// File, "Create Listfile".
 void MakeListNow_Click();
 
 }  // namespace halvern

@@ -7,6 +7,7 @@
 #include "store/analysis_store.h"
 #include "store/file_command.h"
 #include "store/format.h"
+#include "store/svedberg.h"
 #include "store/table_file.h"
 
 namespace halvern {
@@ -43,7 +44,7 @@ void WriteCorrectedRate() {
     WriteHead();
     WriteTrimmed("   s*(svedbergs)   <dc/dt>        S.E.M.");
     for (std::int32_t I = FirstPointInUse(); I <= LastPointInUse(); ++I)
-        WriteTableLine(Concat({Format(S.SStar(I) * 1E13, kColumn), Format(S.PlateauRate(I), kColumn),
+        WriteTableLine(Concat({Format(S.SStar(I) * kPerSvedberg, kColumn), Format(S.PlateauRate(I), kColumn),
                                Format(S.RateSem(I), kErrorColumn)}));
     CloseTableFile();
 }
@@ -62,9 +63,9 @@ void WriteDistributions(const DistributionAverages& interacting, const Distribut
     // Kept: the backslashes and the letters behind them are plain characters of the heading.
     WriteTrimmed("  s*(svedbergs)  <g(s*)\\dt\\n>     S.E.M.    <g^(s*)\\dt\\n>    s*Xg^(s*)");
     for (std::int32_t I = FirstPointInUse(); I <= LastPointInUse(); ++I) {
-        const double s = S.SStar(I) * 1E13;
-        const double g = S.GStar(I) * 1E-13;
-        const double h = S.GHat(I) * 1E-13;
+        const double s = S.SStar(I) * kPerSvedberg;
+        const double g = S.GStar(I) * kSvedberg;
+        const double h = S.GHat(I) * kSvedberg;
         WriteTableLine(Concat({Format(s, kColumn), Format(g, kColumn), Format(S.GStarSem(I), kColumn),
                                Format(h, kColumn), Format(h * s, kColumn)}));
     }

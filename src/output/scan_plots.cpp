@@ -14,8 +14,6 @@ namespace halvern {
 
 namespace {
 
-const char* SignalTitle() { return Store().IsInterference ? "Fringes" : "Conc"; }
-
 /// Asks for every how many-th scan to plot, and begins a plain request.
 ///
 /// Result    false if there is nothing to plot; after a cancel the plot window is hidden
@@ -30,8 +28,7 @@ bool BeginScanPlot() {
         PlotitForm().Hide();
         return false;
     }
-    for (Boolean* flag : {&S.PickDataLimits, &S.PickMeniscus, &S.PickJitterPoint})
-        *flag = false;
+    TakeNoPicks();
     if (!S.PlotDialogOK)
         return false;
     PlotitForm().Load();

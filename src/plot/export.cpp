@@ -4,6 +4,7 @@
 #include <string>
 
 #include "plot/plot_window.h"
+#include "store/analysis_store.h"
 #include "store/failure.h"
 #include "store/files.h"
 #include "store/menus.h"
@@ -60,7 +61,8 @@ void PrnPlot_Click() {
 }
 
 void PrnArray_Click(std::int16_t Index) {
-    TickPrinter(PlotitForm().Menu.PrnArray, Index);
+    if (Store().PlotitLoaded)
+        TickPrinter(PlotitForm().Menu.PrnArray, Index);
     TickPrinter(Menus().Prn2Array, Index);
     UsePrinter(Index);
 }

@@ -12,14 +12,20 @@ void SetRequestTexts(const RequestTexts& texts) {
     S.PlotYTitle = texts.yTitle;
 }
 
-void BeginPlainRequest() {
+void TakeNoPicks() {
     auto& S = Store();
-    S.PlotReady = false;
     S.PickDataLimits = false;
     S.PickMeniscus = false;
     S.PickJitterPoint = false;
+}
+
+void BeginPlainRequest() {
+    Store().PlotReady = false;
+    TakeNoPicks();
     PlotitForm().Load();
 }
+
+const char* SignalTitle() { return Store().IsInterference ? "Fringes" : "Conc"; }
 
 void RequestFiller::Finish() const {
     auto& S = Store();

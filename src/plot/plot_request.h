@@ -5,6 +5,7 @@
 
 #include "store/analysis_store.h"
 #include "store/single.h"
+#include "store/svedberg.h"
 
 namespace halvern {
 
@@ -15,9 +16,15 @@ struct RequestTexts {
 
 void SetRequestTexts(const RequestTexts& texts);
 
-/// Begins a request without a pick: nothing is ready to be drawn, the pick flags of the plain plot are down, the plot
-/// window is loaded. An open pick of a level, a fringe point or s* limits stays as it is.
+/// Takes down the flags of the picks of limits, a meniscus and a jitter point. An open pick of a level, a fringe point or
+/// s* limits stays as it is.
+void TakeNoPicks();
+
+/// Begins a request without a pick: nothing is ready to be drawn, TakeNoPicks, the plot window is loaded.
 void BeginPlainRequest();
+
+/// What the y axis of scans is called: "Fringes" or "Conc".
+const char* SignalTitle();
 
 /// One point, in the units of the axis titles.
 struct PlotPoint {
@@ -32,7 +39,7 @@ inline std::int16_t LineCode(std::int32_t k) { return ToInteger16(-57.0 - 64.0 *
 inline constexpr std::int32_t kBlack = 1, kRed = 2;
 
 /// s* in seconds as it stands on an axis.
-inline float Svedbergs(float seconds) { return Single(static_cast<double>(seconds) * 1E13); }
+inline float Svedbergs(float seconds) { return Single(static_cast<double>(seconds) * kPerSvedberg); }
 
 /// Fills the request from its first point on. What is entered later is drawn over what was entered earlier.
 class RequestFiller {

@@ -143,10 +143,7 @@ void PlotWindow::Form_Load() {
     TitleFontFactor_ = 0.0024F;
     S.PlotitLoaded = true;
 
-    if (TheDesktop().PrinterNames().empty())
-        Menu.dummy1.Disable();
-    else
-        LoadPrinterItems(bar_, Menu.PrnArray, "PrnArray", Menu.dummy1, 2, PrnArray_Click);
+    LoadPrinterItems(bar_, Menu.dummy1, Menu.PrnArray, "PrnArray", Menu.dummy1, 2, PrnArray_Click);
 }
 
 void PlotWindow::Form_Unload(bool& /*Cancel*/) {

@@ -21,11 +21,8 @@ int Player::Play() {
     } catch (const ScriptError& error) {
         Complain(error.what());
         return kLineFailed;
-    } catch (const RuntimeFailure& failure) {
+    } catch (const std::exception& failure) {
         Report(failure);
-        return kProgramFailed;
-    } catch (const std::exception& defect) {
-        Report(defect);
         return kProgramFailed;
     }
     return kRanToItsEnd;

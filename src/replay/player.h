@@ -25,7 +25,7 @@ class Player final : private AnswerSource {
     /// Starts the program and gives it the events one by one. A script that ends leaves the program without a word,
     /// even in the middle of a command that waits for an answer.
     ///
-    /// Returns   kRanToItsEnd, kLineFailed, or kProgramFailed after a run-time failure that no command caught
+    /// Returns   kRanToItsEnd, kLineFailed, or kProgramFailed after a run-time failure that no command caught, or a defect
     int Play();
 
   private:

@@ -11,7 +11,7 @@ namespace halvern {
 /// ends with a line feed, and holds no control characters besides.
 ///
 /// Given     failure   a RuntimeFailure, or any other exception, which is a defect of the program
-///           running   as session scripts have them, the outermost first: "click ListLoad", "answer yes"
+///           running   as session scripts have them, the outermost first: "click GetListNow", "answer yes"
 ///           program   "halvern"
 std::string FailureReport(const std::exception& failure, const std::vector<std::string>& running,
                           const std::string& program);

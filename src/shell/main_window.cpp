@@ -38,13 +38,14 @@ void MainWindow::Form_Load() {
     auto& S = Store();
     FitReport();
     SetReportExtent();
-    LoadPrinters();
+    auto& M = Menus();
+    LoadPrinterItems(MainMenuBar(), M.PrintDummy1, M.Prn2Array, "Prn2Array", M.Prn2Array0, 2, Prn2Array_Click);
     const auto twentieth = [](std::int32_t twips) { return ToInteger32(twips / 20.0); };
     SetPlace({twentieth(TheDesktop().ScreenWidthTwips()), twentieth(TheDesktop().ScreenHeightTwips()), Where().width,
               Where().height});
 
     S.UseSmoothing = false;
-    Menus().UseWSSmoothing.Untick();
+    M.UseWSSmoothing.Untick();
     S.SmoothWindow = kDefaultSmoothWindow;
 
     if (!S.PlotitLoaded)
@@ -77,13 +78,6 @@ void MainWindow::FitReport() {
 void MainWindow::SetReportExtent() {
     const double widthPixels = static_cast<double>(OutFileBox().Where().width) / kTwipsPerPixel;
     OutFileBox().SetHorizontalExtent(ToInteger32(widthPixels) * 2);
-}
-
-void MainWindow::LoadPrinters() {
-    if (TheDesktop().PrinterNames().empty())
-        Menus().PrintDummy1.Disable();
-    else
-        LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2, Prn2Array_Click);
 }
 
 MainWindow& MainForm() {

@@ -17,7 +17,6 @@ class MainWindow : public Form {
     void Form_Unload(bool& Cancel) override;
     void FitReport();
     void SetReportExtent();
-    void LoadPrinters();
 };
 
 MainWindow& MainForm();

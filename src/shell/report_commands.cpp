@@ -3,12 +3,9 @@
 #include <cstddef>
 #include <string>
 
-#include "plot/plot_window.h"
-#include "store/analysis_store.h"
+#include "plot/export.h"
 #include "store/failure.h"
 #include "store/fixed_text.h"
-#include "store/menus.h"
-#include "store/printer_menu.h"
 #include "store/report.h"
 #include "ui/desktop.h"
 #include "ui/printer.h"
@@ -63,11 +60,6 @@ void CopySelect_Click() {
     MousePointer(kPointerNormal);
 }
 
-void Prn2Array_Click(std::int16_t Index) {
-    TickPrinter(Menus().Prn2Array, Index);
-    if (Store().PlotitLoaded)
-        TickPrinter(PlotitForm().Menu.PrnArray, Index);
-    UsePrinter(Index);
-}
+void Prn2Array_Click(std::int16_t Index) { PrnArray_Click(Index); }
 
 }  // namespace halvern

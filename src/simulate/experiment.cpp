@@ -35,9 +35,7 @@ void AddConcentrations(const LammSolver& solver, double loaded, Trace& trace) {
 }
 
 void AddSpecies(const Parameters& p, const Species& species, std::vector<Scan>& scans) {
-    constexpr double kSecondsPerSvedberg = 1e-13;
-    LammSolver solver({p.meniscusCm, p.baseCm}, {species.sSvedberg * kSecondsPerSvedberg, DiffusionCm2PerS(species, p)},
-                      {SolverCells(species, p), p.tolerance});
+    LammSolver solver({p.meniscusCm, p.baseCm}, ParticleOf(species, p), {SolverCells(species, p), p.tolerance});
     std::size_t scan = 0;
     for (const auto& leg : Legs(p)) {
         solver.Advance(Omega2(leg.rpm), leg.seconds);

@@ -270,7 +270,7 @@ const Key* FindKey(std::string_view name) {
 }
 
 struct DefaultText {
-    std::string operator()(Optics P::* /*member*/) const { return "absorbance"; }
+    std::string operator()(Optics P::* /*member*/) const { return IsAbsorbance(P{}) ? "absorbance" : "interference"; }
     std::string operator()(std::string P::*member) const { return Parameters{}.*member; }
     std::string operator()(int P::*member) const { return std::to_string(Parameters{}.*member); }
     std::string operator()(double P::*member) const { return Shortest(Parameters{}.*member); }

@@ -5,7 +5,6 @@
 #include <numbers>
 #include <string_view>
 
-#include "simulate/lamm_solver.h"
 #include "simulate/scan_writer.h"
 
 namespace halvern::simulate {
@@ -23,8 +22,6 @@ constexpr std::size_t kMostCells = 20000;
 constexpr double kWantedPeclet = 0.25;
 constexpr double kHighestPeclet = 2.0;
 
-bool IsAbsorbance(const Parameters& p) { return p.optics == Optics::kAbsorbance; }
-
 [[noreturn]] void Complain(const std::string& where, const std::string& reason) {
     throw ParameterError(where.empty() ? reason : where + ": " + reason);
 }
@@ -36,10 +33,6 @@ bool IsAbsorbance(const Parameters& p) { return p.optics == Optics::kAbsorbance;
         if (const auto found = p.where.find(key); found != p.where.end())
             Complain(found->second, reason);
     Complain("", reason);
-}
-
-Particle ParticleOf(const Species& species, const Parameters& p) {
-    return {species.sSvedberg * kSecondsPerSvedberg, DiffusionCm2PerS(species, p)};
 }
 
 double HighestOmega2(const Parameters& p) {
@@ -136,6 +129,8 @@ void CheckTimes(const Parameters& p) {
 
 }  // namespace
 
+bool IsAbsorbance(const Parameters& parameters) { return parameters.optics == Optics::kAbsorbance; }
+
 double ReadFromCm(const Parameters& parameters) { return parameters.readFromCm.value_or(parameters.meniscusCm - 0.05); }
 
 double ReadToCm(const Parameters& parameters) { return parameters.readToCm.value_or(parameters.baseCm + 0.02); }
@@ -175,6 +170,10 @@ double DiffusionCm2PerS(const Species& species, const Parameters& parameters) {
                  "the species does not sink: its partial specific volume times the density is not below 1");
     const double thermal = kGasConstantErg * (parameters.temperatureCelsius + kZeroCelsiusKelvin);
     return species.sSvedberg * kSecondsPerSvedberg * thermal / (*species.massKDa * kGramsPerKDa * buoyancy);
+}
+
+Particle ParticleOf(const Species& species, const Parameters& parameters) {
+    return {species.sSvedberg * kSecondsPerSvedberg, DiffusionCm2PerS(species, parameters)};
 }
 
 double Omega2(int rpm) {

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "simulate/lamm_solver.h"
+
 namespace halvern::simulate {
 
 /// What the analysis can hold of a data set, and the points below which it takes a scan for a broken one.
@@ -84,6 +86,8 @@ class ParameterError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+bool IsAbsorbance(const Parameters& parameters);
+
 /// 0.05 cm inside the meniscus and 0.02 cm beyond the base, if not set.
 double ReadFromCm(const Parameters& parameters);
 double ReadToCm(const Parameters& parameters);
@@ -106,6 +110,11 @@ std::size_t RadialPoints(const Parameters& parameters);
 /// Source    T. Svedberg and K. O. Pedersen, The Ultracentrifuge, Oxford 1940
 /// Fails     ParameterError if a species given by its mass does not sink: vbar times the density is 1 or more
 double DiffusionCm2PerS(const Species& species, const Parameters& parameters);
+
+/// What the solver takes of a species: its s, and D as above.
+///
+/// Fails     as DiffusionCm2PerS
+Particle ParticleOf(const Species& species, const Parameters& parameters);
 
 /// Cells of the solver for a species: those set, or 4000, or as many as keep the cell's Peclet number at 0.25 at the
 /// highest speed, but no more than 20000.

@@ -40,8 +40,6 @@ std::string Filled(const std::string& text, std::size_t width, char filling) {
 
 std::string Right(const std::string& text, std::size_t width) { return Filled(text, width, ' '); }
 
-bool IsAbsorbance(const Parameters& p) { return p.optics == Optics::kAbsorbance; }
-
 std::string FirstLine(const Parameters& p) {
     constexpr int kStepDecimals = 11;
     return IsAbsorbance(p) ? p.title : "cm/pixel:  " + Fixed(RadialStepCm(p), kStepDecimals) + ", " + p.title;

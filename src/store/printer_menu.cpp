@@ -10,9 +10,11 @@
 
 namespace halvern {
 
-void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, const MenuItem& before, int level,
-                      void (*click)(std::int16_t Index)) {
+void LoadPrinterItems(MenuBar& bar, MenuItem& menu, PrinterItems& items, std::string_view name, const MenuItem& before,
+                      int level, void (*click)(std::int16_t Index)) {
     const std::vector<std::string> printers = TheDesktop().PrinterNames();
+    if (printers.empty())
+        return menu.Disable();
     const MenuItem* last = &before;
     bool found = false;
     for (std::size_t I = 1; I <= printers.size(); ++I) {
@@ -29,7 +31,7 @@ void LoadPrinterItems(MenuBar& bar, PrinterItems& items, std::string_view name, 
             found = true;
         }
     }
-    if (!found && !printers.empty()) {
+    if (!found) {
         items(1).Tick();
         TheDesktop().SelectPrinter(0);
     }

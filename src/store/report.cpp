@@ -1,5 +1,7 @@
 #include "store/report.h"
 
+#include "ui/desktop.h"
+
 namespace halvern {
 
 ListBox& OutFileBox() {
@@ -15,6 +17,12 @@ void ScrollReport() {
     ListBox& box = OutFileBox();
     if (box.TopIndex() + 5 < box.ListCount())
         box.SetTopIndex(box.TopIndex() + 5);
+}
+
+void ScrollReportAtOnce() {
+    DoEvents();
+    ScrollReport();
+    DoEvents();
 }
 
 }  // namespace halvern

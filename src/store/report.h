@@ -18,4 +18,7 @@ void RemoveLastLine();
 /// After a batch of lines: moves the list on by five lines, if it goes on that far. It is no scroll to the end.
 void ScrollReport();
 
+/// The same between two passes through the events, so that the list shows what was added before a command goes on.
+void ScrollReportAtOnce();
+
 }  // namespace halvern

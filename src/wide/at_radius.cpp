@@ -2,6 +2,7 @@
 
 #include "store/numeric.h"
 #include "store/single.h"
+#include "store/svedberg.h"
 #include "wide/wide_distribution.h"
 
 namespace halvern {
@@ -11,8 +12,6 @@ namespace {
 /// Elements 0 to 500; element 0 stays 0.
 using Series = BoundedArray<float, Bounds<0, kMostScans>>;
 
-constexpr Extended kSvedberg = 1E-13;
-constexpr Extended kPerSvedberg = 1E13;
 constexpr int kDilutionPasses = 3;
 
 /// What the scans say at the radius, the last scan first.
@@ -78,8 +77,8 @@ void CorrectForDilution(const Course& course, std::int16_t ScanCount, const Scan
     for (Series* series : {&Ga, &G0, &Ss, &Integ})
         series->Fill(0.0F);
     for (std::int32_t J = 1; J <= ScanCount; ++J) {
-        Ga(J) = G0(J) = Single(GValues(J) * 1E13);
-        Ss(J) = Single(SValues(J) * 1E-13);
+        Ga(J) = G0(J) = Single(GValues(J) * kPerSvedberg);
+        Ss(J) = Single(SValues(J) * kSvedberg);
     }
     for (int pass = 1; pass <= kDilutionPasses; ++pass) {
         Integrate(Ss, Ga, ScanCount, Integ);
@@ -88,7 +87,7 @@ void CorrectForDilution(const Course& course, std::int16_t ScanCount, const Scan
                 Ga(J) = Single(G0(J) - (Extended{course.W(J)} / Ss(J)) * (Extended{Integ(J)} + Integ(J)));
     }
     for (std::int32_t J = 1; J <= ScanCount; ++J)
-        GValues(J) = Single(Ga(J) * 1E-13);
+        GValues(J) = Single(Ga(J) * kSvedberg);
 }
 
 }  // namespace

@@ -133,8 +133,7 @@ void RadiiDialog::PlotEmUp_Click() {
         if (IsChosen(K))
             request.Line(K);
     SetRequestTexts({plot_.help1, plot_.help2, plot_.xTitle, plot_.yTitle});
-    for (Boolean* flag : {&S.PickDataLimits, &S.PickMeniscus, &S.PickJitterPoint})
-        *flag = false;
+    TakeNoPicks();
     S.PlotCount = request.Count();
     S.PlotDialogOK = true;
     Unload();

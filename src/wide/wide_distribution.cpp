@@ -34,9 +34,7 @@ void Report() {
     } else {
         AddLine(" * Calculated Distribution Will Not Be Smoothed *");
     }
-    DoEvents();
-    ScrollReport();
-    DoEvents();
+    ScrollReportAtOnce();
 }
 
 /// The radii that all scans reach.

@@ -32,10 +32,13 @@ void InterpolateToGrid(Curve& Radii, Curve& Values, std::int16_t PointsIn, std::
 /// g(s*) at one radius. Each scan has its own s* there, Ln(radius / meniscus) / omega squared t, and g(s*) is the change
 /// of the signal with it, corrected for radial dilution in three steps of a fixed-point iteration.
 ///
-/// Given     Radii, Signal   the common grid, `Points` points, and the scans on it, `Scans` of them
+/// Given     Radii, Signal   the common grid, cm, of PointCount points, and the scans on it, ScanCount of them
 ///           Radius          cm; becomes the first radius of the grid at or beyond it
-/// Result    SValues         Svedbergs, midway between neighbouring scans, J = 2 .. Scans
-///           GValues         per Svedberg, J = 1 .. Scans
+/// Reads     ScanMeniscus, ScanW2t
+/// Result    SValues         Svedbergs, midway between neighbouring scans, J = 2 .. ScanCount
+///           GValues         per Svedberg, J = 1 .. ScanCount
+/// Fails     9 with a radius that no point of the grid, or one of its first six, is at or beyond; 11 with a meniscus or
+///           an omega squared t of 0 and with two neighbouring scans of equal s*; 5 with a meniscus below 0; 6 beyond a single
 /// Rounding  derivative and dilution are worked in extended precision, each store a single
 /// Note      the eleven points averaged lie one point to the side of the meniscus
 void WideAtRadius(const BoundedArray<float, Points>& Radii, const BoundedArray<float, Points, Scans>& Signal,

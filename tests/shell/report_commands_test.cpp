@@ -141,7 +141,8 @@ TEST(PrinterMenus, TickThePrinterChosenBeforeThePlotWindowIsLoaded) {
     test::TestDesktop desktop;
     desktop.printers = {"Laser", "Ink"};
     Store().DefaultPrinterName = "Laser";
-    LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2, Prn2Array_Click);
+    LoadPrinterItems(MainMenuBar(), Menus().PrintDummy1, Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2,
+                     Prn2Array_Click);
     Menus().Prn2Array(2).Click();
     EXPECT_TRUE(Menus().Prn2Array(2).IsTicked());
     EXPECT_FALSE(Menus().Prn2Array(1).IsTicked());

@@ -14,7 +14,7 @@ struct PrinterMenu : ::testing::Test {
     test::TestDesktop desktop;
     static inline std::int16_t chosen = 0;
     void LoadItems() {
-        LoadPrinterItems(MainMenuBar(), Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2,
+        LoadPrinterItems(MainMenuBar(), Menus().PrintDummy1, Menus().Prn2Array, "Prn2Array", Menus().Prn2Array0, 2,
                          [](std::int16_t Index) { chosen = Index; });
     }
 };
