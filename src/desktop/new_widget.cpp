@@ -17,6 +17,7 @@
 #include "desktop/list_view.h"
 #include "desktop/picture_view.h"
 #include "desktop/text_box_view.h"
+#include "render/serif_font.h"
 #include "render/shown_text.h"
 #include "ui/check_box.h"
 #include "ui/up_down.h"
@@ -96,8 +97,7 @@ QWidget* NewLine(Control& /*control*/, EventGate& /*gate*/, QWidget* parent) {
 
 QFont FontOf(const TextFont& text) {
     constexpr double kPixelsPerPoint = 96.0 / 72.0;
-    QFont font({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
-    font.setStyleHint(QFont::Serif);
+    QFont font = SerifFont();
     font.setBold(text.bold);
     font.setPixelSize(static_cast<int>(std::lround(static_cast<double>(text.points) * kPixelsPerPoint)));
     return font;

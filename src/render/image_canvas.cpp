@@ -8,29 +8,22 @@
 
 namespace halvern {
 
-namespace {
-
-QColor ColourOf(Colour colour) { return QColor::fromRgb(static_cast<QRgb>(colour)); }
-
-}  // namespace
-
-ImageCanvas::ImageCanvas() : image_(1, 1, QImage::Format_RGB32) {
+ImageCanvas::ImageCanvas() : PaintedCanvas({1, 1}), image_(1, 1, QImage::Format_RGB32) {
     image_.fill(Qt::white);
     WorkOutMapping();
 }
 
 bool ImageCanvas::SetSize(QSize size, double ratio) {
     const QSize pixels = (QSizeF(size) * ratio).toSize().expandedTo({1, 1});
-    if (pixels == image_.size() && ratio == ratio_)
+    if (pixels == image_.size() && ratio == Ratio())
         return false;
     LetPictureGo();
     QImage image(pixels, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter(&image).drawImage(0, 0, image_);
     image_ = image;
-    ratio_ = ratio;
-    printer_.SetRatio(ratio);
-    SetDrawWidth(drawWidth_);
+    SetSurface(pixels, ratio);
+    PenChanged();
     WorkOutMapping();
     return true;
 }
@@ -42,8 +35,8 @@ const QImage& ImageCanvas::Image() {
 }
 
 ImageCanvas::PagePoint ImageCanvas::PageAt(QPointF place) const {
-    return {static_cast<float>(x1_ + place.x() * ratio_ / across_.scale),
-            static_cast<float>(y1_ + place.y() * ratio_ / down_.scale)};
+    return {static_cast<float>(Across().from + place.x() * Ratio() / Across().scale),
+            static_cast<float>(Down().from + place.y() * Ratio() / Down().scale)};
 }
 
 void ImageCanvas::LetPictureGo() {
@@ -87,18 +80,13 @@ void ImageCanvas::TakePixels() {
 }
 
 void ImageCanvas::WorkOutMapping() {
-    const auto mapping = [](int pixels, float from, float to) {
-        const double scale = pixels / (static_cast<double>(to) - from);
-        return Mapping{scale, -from * scale};
-    };
-    across_ = mapping(image_.width(), x1_, x2_);
-    down_ = mapping(image_.height(), y1_, y2_);
+    const auto mapping = [](const PageSide& side) { return Mapping{side.scale, -side.from * side.scale}; };
+    toPixelX_ = mapping(Across());
+    toPixelY_ = mapping(Down());
     current_ = PixelOf(currentX_, currentY_);
     stampFor_ = -1.0F;
     drawn_ = {};
 }
-
-int ImageCanvas::PenWidth() const { return std::max(1, static_cast<int>(std::lround(drawWidth_ * ratio_))); }
 
 Ink ImageCanvas::InkOf(Colour colour) const {
     if (drawMode_ == DrawMode::kExclusiveOr)
@@ -106,34 +94,30 @@ Ink ImageCanvas::InkOf(Colour colour) const {
     return {PixelBits(colour), false};
 }
 
-QBrush ImageCanvas::Fill() const {
-    const Colours& colours = CurrentColours();
-    return colours.fillStyle == FillStyle::kSolid ? QBrush(ColourOf(colours.fill)) : QBrush(Qt::NoBrush);
-}
-
 void ImageCanvas::Scale(float x1, float y1, float x2, float y2) {
-    x1_ = x1;
-    y1_ = y1;
-    x2_ = x2;
-    y2_ = y2;
+    PaintedCanvas::Scale(x1, y1, x2, y2);
     WorkOutMapping();
 }
 
-void ImageCanvas::SetDrawWidth(int pixels) {
-    drawWidth_ = pixels;
+void ImageCanvas::PenChanged() {
     thinCopy_ = PenWidth() == 1 && drawMode_ == DrawMode::kCopy;
     stampFor_ = -1.0F;
     drawn_ = {};
 }
 
+void ImageCanvas::SetDrawWidth(int pixels) {
+    PaintedCanvas::SetDrawWidth(pixels);
+    PenChanged();
+}
+
 void ImageCanvas::SetDrawMode(DrawMode mode) {
     drawMode_ = mode;
-    SetDrawWidth(drawWidth_);
+    PenChanged();
 }
 
 void ImageCanvas::Cls() {
     Painter().fillRect(image_.rect(), Qt::white);
-    MoveTo(x1_, y1_);
+    MoveTo(Across().from, Down().from);
 }
 
 void ImageCanvas::MoveTo(float x, float y) {
@@ -243,7 +227,7 @@ void ImageCanvas::DrawCircle(PixelPoint middle, float radius, Colour colour) {
 }
 
 void ImageCanvas::WorkOutStamp(float radius) {
-    const double pixels = std::abs(radius * across_.scale);
+    const double pixels = std::abs(radius * Across().scale);
     stampRadius_ = static_cast<std::int32_t>(std::lround(std::min(pixels, static_cast<double>(kFarthestPixel))));
     stampFor_ = radius;
     drawn_ = {};
@@ -277,19 +261,7 @@ void ImageCanvas::Polygon(std::span<const PixelPoint> corners) {
 }
 
 void ImageCanvas::Print(std::string_view text) {
-    printer_.Print(Painter(), {across_.Place(currentX_), down_.Place(currentY_)}, text, CurrentColours().fore);
-}
-
-int ImageCanvas::TextWidthPixels(std::string_view text) const {
-    return static_cast<int>(std::lround(printer_.Length(text)));
-}
-
-float ImageCanvas::TextWidth(std::string_view text) const {
-    return static_cast<float>(printer_.Width(text) / std::abs(across_.scale));
-}
-
-float ImageCanvas::TextHeight(std::string_view /*text*/) const {
-    return static_cast<float>(printer_.LineHeight() / down_.scale);
+    PrintAt({toPixelX_.Place(currentX_), toPixelY_.Place(currentY_)}, text, Painter());
 }
 
 }  // namespace halvern

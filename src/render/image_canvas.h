@@ -2,16 +2,16 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QPoint>
+#include <QPointF>
 
 #include <cmath>
 #include <functional>
 #include <span>
 #include <string_view>
 
+#include "render/painted_canvas.h"
 #include "render/raster.h"
 #include "render/stamp.h"
-#include "render/text_printer.h"
 #include "ui/canvas.h"
 
 namespace halvern {
@@ -23,7 +23,7 @@ namespace halvern {
 ///
 /// A plot has two million points. What it draws for each of them, a filled circle or a line of one pixel, goes straight
 /// into the picture, and a point that would leave the picture as it is costs a comparison.
-class ImageCanvas final : public Canvas {
+class ImageCanvas final : public PaintedCanvas {
   public:
     ImageCanvas();
 
@@ -49,9 +49,6 @@ class ImageCanvas final : public Canvas {
 
     void Scale(float x1, float y1, float x2, float y2) override;
     void Cls() override;
-    float PixelWidth() const override { return static_cast<float>(image_.width()); }
-    float PixelHeight() const override { return static_cast<float>(image_.height()); }
-    float ScaleHeight() const override { return y2_ - y1_; }
     void SetDrawWidth(int pixels) override;
     void SetDrawMode(DrawMode mode) override;
     void MoveTo(float x, float y) override;
@@ -62,12 +59,7 @@ class ImageCanvas final : public Canvas {
     void Circles(const Positions& middles, float radius, Colour colour) override;
     void LinesTo(const Positions& ends, Colour colour) override;
     void Polygon(std::span<const PixelPoint> corners) override;
-    void SetFont(int points, bool bold) override { printer_.SetFont(points, bold, ratio_); }
-    void SetRotatedFont(int cellPixels) override { printer_.SetRotatedFont(cellPixels, ratio_); }
     void Print(std::string_view text) override;
-    int TextWidthPixels(std::string_view text) const override;
-    float TextWidth(std::string_view text) const override;
-    float TextHeight(std::string_view text) const override;
 
   private:
     /// From a page position along one side to pixels, at most kFarthestPixel away.
@@ -92,8 +84,8 @@ class ImageCanvas final : public Canvas {
     static constexpr PixelPoint kNowhere{2 * kFarthestPixel, 2 * kFarthestPixel};
 
     void WorkOutMapping();
-    PixelPoint PixelOf(float x, float y) const { return {across_.Pixel(x), down_.Pixel(y)}; }
-    int PenWidth() const;
+    PixelPoint PixelOf(float x, float y) const { return {toPixelX_.Pixel(x), toPixelY_.Pixel(y)}; }
+    void PenChanged();
 
     void Touch();
     /// The two ways to draw exclude each other. What goes straight into the picture has no painter on it.
@@ -117,19 +109,15 @@ class ImageCanvas final : public Canvas {
     void DrawLargeCircle(PixelPoint middle, std::int32_t radius, Colour colour);
     void PutStamp(PixelPoint middle, Colour colour);
     void WorkOutStamp(float radius);
-    QBrush Fill() const;
 
     QImage image_;
     Raster pixels_;  ///< of the image, while nothing else has it; without a size while something has
-    double ratio_ = 1.0;
     QPainter painter_;
     bool touched_ = false;
 
-    float x1_ = 0.0F, y1_ = 0.0F, x2_ = 1.0F, y2_ = 1.0F;
-    Mapping across_, down_;
+    Mapping toPixelX_, toPixelY_;
     float currentX_ = 0.0F, currentY_ = 0.0F;
     PixelPoint current_;
-    int drawWidth_ = 1;
     DrawMode drawMode_ = DrawMode::kCopy;
     bool thinCopy_ = true;  ///< pen of one pixel, plain copy
     Drawn drawn_;
@@ -137,7 +125,6 @@ class ImageCanvas final : public Canvas {
     Stamp stamp_;
     std::int32_t stampRadius_ = 0;
     float stampFor_ = -1.0F;  ///< radius of the circle that the stamp is of, page units; below 0 for none
-    TextPrinter printer_;
 };
 
 // A position that is no number is as far off as one can be.

@@ -50,8 +50,8 @@ class ImageCanvas::PixelBlocks {
     /// Result: whether there was another block.
     bool Next() {
         size_ = std::min(rest_.x.size(), kBlock);
-        canvas_.across_.Pixels(rest_.x.first(size_), x_.data());
-        canvas_.down_.Pixels(rest_.y.first(size_), y_.data());
+        canvas_.toPixelX_.Pixels(rest_.x.first(size_), x_.data());
+        canvas_.toPixelY_.Pixels(rest_.y.first(size_), y_.data());
         rest_ = {rest_.x.subspan(size_), rest_.y.subspan(size_)};
         return size_ > 0;
     }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "render/serif_font.h"
 #include "render/shown_text.h"
 #include "ui/control.h"
 
@@ -23,13 +24,6 @@ int SizeFor(QFont font, double cell) {
 
 double WidthIn(const QFont& font, std::string_view text) {
     return QFontMetricsF(font).horizontalAdvance(ShownLine(text));
-}
-
-QFont SerifFont() {
-    QFont font;
-    font.setFamilies({QStringLiteral("Times New Roman"), QStringLiteral("Liberation Serif")});
-    font.setStyleHint(QFont::Serif);
-    return font;
 }
 
 }  // namespace
@@ -66,10 +60,10 @@ void TextPrinter::LayOutFreely() {
     rotated_.setHintingPreference(QFont::PreferNoHinting);
 }
 
-void TextPrinter::Print(QPainter& painter, QPointF topLeft, std::string_view text, Colour colour) const {
+void TextPrinter::Print(QPainter& painter, QPointF topLeft, std::string_view text, QColor colour) const {
     painter.save();
     painter.setFont(InUse());
-    painter.setPen(QColor::fromRgb(static_cast<QRgb>(colour)));
+    painter.setPen(colour);
     painter.translate(topLeft);
     // From bottom to top the letters' tops point to the left: the line then reaches from the place to the right.
     if (rotatedInUse_)

@@ -1,12 +1,11 @@
 #pragma once
 
+#include <QColor>
 #include <QFont>
 #include <QPainter>
 #include <QPointF>
 
 #include <string_view>
-
-#include "ui/canvas.h"
 
 namespace halvern {
 
@@ -23,7 +22,7 @@ class TextPrinter {
     void SetRatio(double ratio);
 
     /// Prints with the first character's top left at a place of the surface.
-    void Print(QPainter& painter, QPointF topLeft, std::string_view text, Colour colour) const;
+    void Print(QPainter& painter, QPointF topLeft, std::string_view text, QColor colour) const;
 
     /// Along the way that a text of the font in use runs, pixels of the surface.
     double Length(std::string_view text) const;

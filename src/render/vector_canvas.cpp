@@ -15,14 +15,12 @@ constexpr double kFarthest = 1E6;
 // A line of many points is drawn in parts, so that a page need not hold all of it twice.
 constexpr qsizetype kLongestLine = 4096;
 
-QColor ColourOf(Colour colour) { return QColor::fromRgb(static_cast<QRgb>(colour)); }
-
 }  // namespace
 
-VectorCanvas::VectorCanvas(QPaintDevice& page, QSize size) : size_(size) {
+VectorCanvas::VectorCanvas(QPaintDevice& page, QSize size) : PaintedCanvas(size) {
     painter_.begin(&page);
     painter_.setRenderHint(QPainter::Antialiasing);
-    printer_.LayOutFreely();
+    LayOutFreely();
 }
 
 VectorCanvas::~VectorCanvas() { Finish(); }
@@ -36,35 +34,23 @@ bool VectorCanvas::Finish() {
 
 QPointF VectorCanvas::PlaceOf(float x, float y) const {
     const auto bounded = [](double place) { return std::min(std::max(-kFarthest, place), kFarthest); };
-    return {bounded((static_cast<double>(x) - x1_) * AcrossPerUnit()),
-            bounded((static_cast<double>(y) - y1_) * DownPerUnit())};
+    return {bounded((static_cast<double>(x) - Across().from) * Across().scale),
+            bounded((static_cast<double>(y) - Down().from) * Down().scale)};
 }
 
 QPen VectorCanvas::PenOf(Colour colour) const {
-    return {ColourOf(colour), static_cast<double>(drawWidth_), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin};
-}
-
-QBrush VectorCanvas::Fill() const {
-    const Colours& colours = CurrentColours();
-    return colours.fillStyle == FillStyle::kSolid ? QBrush(ColourOf(colours.fill)) : QBrush(Qt::NoBrush);
-}
-
-void VectorCanvas::Scale(float x1, float y1, float x2, float y2) {
-    x1_ = x1;
-    y1_ = y1;
-    x2_ = x2;
-    y2_ = y2;
+    return {ColourOf(colour), static_cast<double>(PenWidth()), Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin};
 }
 
 void VectorCanvas::Cls() {
     DrawLineSoFar();
-    painter_.fillRect(QRectF(QPointF(), QSizeF(size_)), Qt::white);
-    MoveTo(x1_, y1_);
+    painter_.fillRect(QRectF(QPointF(), QSizeF(Size())), Qt::white);
+    MoveTo(Across().from, Down().from);
 }
 
 void VectorCanvas::SetDrawWidth(int pixels) {
     DrawLineSoFar();
-    drawWidth_ = std::max(1, pixels);
+    PaintedCanvas::SetDrawWidth(pixels);
 }
 
 void VectorCanvas::MoveTo(float x, float y) {
@@ -108,7 +94,7 @@ void VectorCanvas::FilledBox(float x1, float y1, float x2, float y2, Colour colo
 
 void VectorCanvas::Circle(float x, float y, float radius, Colour colour) {
     DrawLineSoFar();
-    const double r = std::min(std::abs(radius * AcrossPerUnit()), kFarthest);
+    const double r = std::min(std::abs(radius * Across().scale), kFarthest);
     painter_.setPen(PenOf(colour));
     painter_.setBrush(Fill());
     painter_.drawEllipse(PlaceOf(x, y), r, r);
@@ -126,19 +112,7 @@ void VectorCanvas::Polygon(std::span<const PixelPoint> corners) {
 
 void VectorCanvas::Print(std::string_view text) {
     DrawLineSoFar();
-    printer_.Print(painter_, current_, text, CurrentColours().fore);
-}
-
-int VectorCanvas::TextWidthPixels(std::string_view text) const {
-    return static_cast<int>(std::lround(printer_.Length(text)));
-}
-
-float VectorCanvas::TextWidth(std::string_view text) const {
-    return static_cast<float>(printer_.Width(text) / std::abs(AcrossPerUnit()));
-}
-
-float VectorCanvas::TextHeight(std::string_view /*text*/) const {
-    return static_cast<float>(printer_.LineHeight() / DownPerUnit());
+    PrintAt(current_, text, painter_);
 }
 
 }  // namespace halvern
