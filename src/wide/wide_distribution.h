@@ -37,8 +37,9 @@ void InterpolateToGrid(Curve& Radii, Curve& Values, std::int16_t PointsIn, std::
 /// Reads     ScanMeniscus, ScanW2t
 /// Result    SValues         Svedbergs, midway between neighbouring scans, J = 2 .. ScanCount
 ///           GValues         per Svedberg, J = 1 .. ScanCount
-/// Fails     9 with a radius that no point of the grid, or one of its first six, is at or beyond; 11 with a meniscus or
-///           an omega squared t of 0 and with two neighbouring scans of equal s*; 5 with a meniscus below 0; 6 beyond a single
+/// Fails     9 where no point of the grid lies at or beyond the radius, or the first that does is one of its first six;
+///           11 with a meniscus or an omega squared t of 0 and with two neighbouring scans of equal s*; 5 with a meniscus
+///           below 0; 6 where a value leaves the range of a single
 /// Rounding  derivative and dilution are worked in extended precision, each store a single
 /// Note      the eleven points averaged lie one point to the side of the meniscus
 void WideAtRadius(const BoundedArray<float, Points>& Radii, const BoundedArray<float, Points, Scans>& Signal,
