@@ -83,10 +83,12 @@ inline bool AreSigns(unsigned sign, unsigned exponentSign) {
 
 /// The signal of six digits with five of them behind the point, and an exponent.
 ///
-/// Result    false where the power of ten is out of bounds
+/// Result    false where the signs are none, or the power of ten is out of bounds
 inline bool MakeSignal(unsigned sign, std::uint32_t digits, unsigned exponentSign, unsigned exponent, float& signal) {
     constexpr int kDecimals = 5;
     constexpr int kBetweenSigns = (kPlus + kMinus) / 2;
+    if (!AreSigns(sign, exponentSign))
+        return false;
     const int power = (kBetweenSigns - static_cast<int>(exponentSign)) * static_cast<int>(exponent) - kDecimals;
     if (power > kLargestPower || power < -kLargestPower)
         return false;
@@ -98,37 +100,45 @@ inline bool MakeSignal(unsigned sign, std::uint32_t digits, unsigned exponentSig
 
 inline unsigned Digit(std::uint64_t rest, unsigned place) { return static_cast<unsigned>(rest >> (8 * place)) & 0xF; }
 
+/// The first 24 characters of a line, those of its layout taken off.
+struct Columns {
+    std::uint64_t first, second, third;
+
+    /// Result    false if they do not have the layout
+    bool Read(const char* at, const Layout& a, const Layout& b, const Layout& c) {
+        first = a.Without(Load(at));
+        second = b.Without(Load(at + 8));
+        third = c.Without(Load(at + 16));
+        return ((a.Misfit(first) | b.Misfit(second) | c.Misfit(third)) & kMisfits) == 0;
+    }
+
+    /// "   d.dddd", of either optics.
+    float Radius() const { return Scaled(Digit(first, 3) * 10000 + FourDigits(first >> 40 | second << 24), -4); }
+};
+
 /// "   d.dddd   -d.dddddE-dd", the 24 characters of the interferometer.
 inline bool ReadInterference(const char* at, ScanPoint& point) {
     constexpr Layout kFirst{"   0.000"}, kSecond{"0   ?0.0"}, kThird{"0000E?00"};
-    const std::uint64_t first = kFirst.Without(Load(at));
-    const std::uint64_t second = kSecond.Without(Load(at + 8));
-    const std::uint64_t third = kThird.Without(Load(at + 16));
-    const unsigned sign = Digit(second, 4), exponentSign = Digit(third, 5);
-    if (((kFirst.Misfit(first) | kSecond.Misfit(second) | kThird.Misfit(third)) & kMisfits) != 0 ||
-        !AreSigns(sign, exponentSign))
+    Columns line;
+    if (!line.Read(at, kFirst, kSecond, kThird))
         return false;
-    point.radius = Scaled(Digit(first, 3) * 10000 + FourDigits(first >> 40 | second << 24), -4);
-    const std::uint32_t digits = Digit(second, 5) * 100000 + Digit(second, 7) * 10000 + FourDigits(third);
-    const unsigned exponent = Digit(third, 6) * 10 + Digit(third, 7);
-    return MakeSignal(sign, digits, exponentSign, exponent, point.signal);
+    point.radius = line.Radius();
+    const std::uint32_t digits =
+        Digit(line.second, 5) * 100000 + Digit(line.second, 7) * 10000 + FourDigits(line.third);
+    const unsigned exponent = Digit(line.third, 6) * 10 + Digit(line.third, 7);
+    return MakeSignal(Digit(line.second, 4), digits, Digit(line.third, 5), exponent, point.signal);
 }
 
 /// "   d.dddd -d.dddddE-dddd ", the first 25 characters of the absorbance optics.
 inline bool ReadAbsorbance(const char* at, ScanPoint& point) {
     constexpr Layout kFirst{"   0.000"}, kSecond{"0 ?0.000"}, kThird{"00E?0000"};
-    const std::uint64_t first = kFirst.Without(Load(at));
-    const std::uint64_t second = kSecond.Without(Load(at + 8));
-    const std::uint64_t third = kThird.Without(Load(at + 16));
-    const unsigned sign = Digit(second, 2), exponentSign = Digit(third, 3);
-    if (((kFirst.Misfit(first) | kSecond.Misfit(second) | kThird.Misfit(third)) & kMisfits) != 0 ||
-        !AreSigns(sign, exponentSign) || at[24] != ' ')
+    Columns line;
+    if (!line.Read(at, kFirst, kSecond, kThird) || at[24] != ' ')
         return false;
-    point.radius = Scaled(Digit(first, 3) * 10000 + FourDigits(first >> 40 | second << 24), -4);
+    point.radius = line.Radius();
     const std::uint32_t digits =
-        Digit(second, 3) * 100000 + FourDigits(second >> 40 | third << 24) * 10 + Digit(third, 1);
-    const unsigned exponent = FourDigits(third >> 32);
-    return MakeSignal(sign, digits, exponentSign, exponent, point.signal);
+        Digit(line.second, 3) * 100000 + FourDigits(line.second >> 40 | line.third << 24) * 10 + Digit(line.third, 1);
+    return MakeSignal(Digit(line.second, 2), digits, Digit(line.third, 3), FourDigits(line.third >> 32), point.signal);
 }
 
 }  // namespace plain_point
@@ -141,7 +151,8 @@ inline bool ReadAbsorbance(const char* at, ScanPoint& point) {
 ///        5.9110  4.57670E-0002   5.91012E-0003
 ///
 /// Given     ahead    the line, its end, LF or CR LF, and what stands behind it
-/// Result    bytes of the line with its end; 0, without a word about the line, for any other layout
+/// Result    bytes of the line with its end; 0, without a word about the line, for any other layout: the point is nothing
+///           then
 /// Note      the numbers are those of Val, to the bit. A scan file has two thousand such lines
 inline std::size_t ReadPlainPoint(std::string_view ahead, ScanPoint& point) {
     constexpr std::size_t kSignalEnd = 24;
